@@ -1,0 +1,27 @@
+# Language level, warnings, sanitizers and output folders for every target of the project.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(PIXMO_CCACHE ccache)
+if(PIXMO_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_C_COMPILER_LAUNCHER ${PIXMO_CCACHE})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${PIXMO_CCACHE})
+endif()
+
+add_library(pixmo_options INTERFACE)
+target_compile_options(pixmo_options INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough)
+target_include_directories(pixmo_options INTERFACE ${CMAKE_SOURCE_DIR})
+
+if(PIXMO_SANITIZE)
+    add_compile_options(-fsanitize=${PIXMO_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_link_options(-fsanitize=${PIXMO_SANITIZE})
+endif()
+if(PIXMO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
