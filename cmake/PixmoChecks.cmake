@@ -2,7 +2,7 @@
 file(GLOB_RECURSE PIXMO_CORE_FILES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/core/*.h ${CMAKE_SOURCE_DIR}/core/*.cpp)
 set(PIXMO_STANDARD_HEADERS
     algorithm array atomic bit cctype cerrno charconv chrono cinttypes climits clocale cmath compare concepts
-    cstddef cstdint cstdio cstdlib cstring ctime deque exception filesystem fstream functional initializer_list
+    bit cstddef cstdint cstdio cstdlib cstring ctime deque exception filesystem fstream functional initializer_list
     ios istream iterator limits list locale map memory mutex new numbers numeric optional ostream random ratio
     set span sstream stdexcept streambuf string string_view system_error tuple type_traits typeinfo
     unordered_map unordered_set utility variant vector version)
