@@ -96,8 +96,8 @@ double roundHalfToEven(double value) {
 }
 
 template <typename Whole>
-Whole toWhole(std::string_view text) {
-    const double rounded = roundHalfToEven(toDouble(text));
+Whole toWhole(double value) {
+    const double rounded = roundHalfToEven(value);
     if (!(rounded >= static_cast<double>(std::numeric_limits<Whole>::min()) &&
           rounded <= static_cast<double>(std::numeric_limits<Whole>::max())))
         throw overflowError();
@@ -233,11 +233,19 @@ double toDouble(std::string_view text) {
 }
 
 int16_t toInteger(std::string_view text) {
-    return toWhole<int16_t>(text);
+    return roundToInteger(toDouble(text));
 }
 
 int32_t toLong(std::string_view text) {
-    return toWhole<int32_t>(text);
+    return roundToLong(toDouble(text));
+}
+
+int16_t roundToInteger(double value) {
+    return toWhole<int16_t>(value);
+}
+
+int32_t roundToLong(double value) {
+    return toWhole<int32_t>(value);
 }
 
 bool toBoolean(std::string_view text) {

@@ -48,6 +48,9 @@ double leadingNumber(std::string_view text);
 double toDouble(std::string_view text);
 int16_t toInteger(std::string_view text);
 int32_t toLong(std::string_view text);
+/// The same of a number. Throw overflow (6).
+int16_t roundToInteger(double value);
+int32_t roundToLong(double value);
 
 /// "True" and "False" in any case, or a number (0 is false). Throws type mismatch (13).
 bool toBoolean(std::string_view text);

@@ -46,6 +46,18 @@ public:
     /// Takes over the error being handled now (none outside a catch block) and returns its number.
     int32_t Push(const std::string& procedureName, bool logIt);
     int32_t Push(const std::string& procedureName, bool logIt, const Error& error);
+    /// Runs a class operation: 0 when it succeeds, else its error is pushed under `procedureName` and its
+    /// number returned.
+    template <typename Operation>
+    int32_t attempt(const char* procedureName, Operation&& operation) {
+        try {
+            operation();
+            return 0;
+        } catch (...) {
+            const int32_t number = Push(procedureName, true);
+            return number != 0 ? number : error_number::InvalidProcedureCall;
+        }
+    }
     Recordset ToRecordset() const;
     XmlElement ToXML() const;
     /// Throws the captured error; nothing when there is none.

@@ -55,22 +55,11 @@ const std::string& fieldAt(const Fields& fields, size_t index) {
 
 } // namespace
 
-/// Errors are handed to the error object under the procedure's name, and their number to the caller.
-template <typename Step>
-int32_t cClientHandlers::attempt(const char* procedure, Step&& step) const {
-    try {
-        step();
-        return 0;
-    } catch (...) {
-        return errorObject_->Push(std::string("cClientHandlers.") + procedure, true);
-    }
-}
-
 int32_t cClientHandlers::BuildReqIC(const Sender& sender, const std::string& productTitle,
                                     const std::string& major, const std::string& minor,
                                     const std::string& revision, std::string& request,
                                     std::string& requestID) const {
-    return attempt("BuildRequestID", [&] {
+    return errorObject_->attempt("cClientHandlers.BuildRequestID", [&] {
         checkPublicKey(sender.PublicKey);
         checkDelimiter(sender.Delimiter);
         const std::string body = join({sender.UserLogin, sender.MachineName, productTitle,
@@ -84,7 +73,7 @@ int32_t cClientHandlers::BuildReqIC(const Sender& sender, const std::string& pro
 
 int32_t cClientHandlers::BuildReqPC(const Sender& sender, int32_t docID, std::string& request,
                                     std::string& requestID) const {
-    return attempt("BuildReqPC", [&] {
+    return errorObject_->attempt("cClientHandlers.BuildReqPC", [&] {
         checkDelimiter(sender.Delimiter);
         checkPublicKey(sender.PublicKey);
         const std::string document = std::to_string(docID);
@@ -96,7 +85,7 @@ int32_t cClientHandlers::BuildReqPC(const Sender& sender, int32_t docID, std::st
 
 int32_t cClientHandlers::BuildReqGP(const Sender& sender, int32_t docID, int16_t page, std::string& request,
                                     std::string& requestID, bool flag) const {
-    return attempt("BuildReqGP", [&] {
+    return errorObject_->attempt("cClientHandlers.BuildReqGP", [&] {
         checkDelimiter(sender.Delimiter);
         checkPublicKey(sender.PublicKey);
         const std::string document = std::to_string(docID);
@@ -113,7 +102,7 @@ int32_t cClientHandlers::ProcessResponse(const std::string& delimiter, const std
                                          const std::string& response, const std::string& expectedType,
                                          std::vector<std::string>& fields) const {
     fields.clear();
-    return attempt("ProcessResponse", [&] {
+    return errorObject_->attempt("cClientHandlers.ProcessResponse", [&] {
         if (response.empty())
             throw Error(error_number::InvalidArgument, "No response to process.");
         checkPublicKey(publicKey);
@@ -218,12 +207,12 @@ void cClientHandlers::ProcessCP(const std::string& field) const {
     });
 }
 
-int32_t cClientHandlers::N5148F(std::span<uint8_t> bytes, int32_t count) const {
-    return attempt("N5148F", [&] {
-        if (count < -1)
-            return;
-        const bool all = count == -1 || static_cast<size_t>(count) > bytes.size();
-        std::ranges::reverse(bytes.first(all ? bytes.size() : static_cast<size_t>(count)));
+int32_t cClientHandlers::N5148F(std::span<uint8_t> bytes, int32_t N, int32_t lowerBound) const {
+    return errorObject_->attempt("cClientHandlers.N5148F", [&] {
+        const int64_t upperBound = lowerBound + static_cast<int64_t>(bytes.size()) - 1;
+        const int64_t last = N == -1 ? upperBound : std::min<int64_t>(N, upperBound);
+        if (last > lowerBound)
+            std::ranges::reverse(bytes.first(static_cast<size_t>(last - lowerBound + 1)));
     });
 }
 

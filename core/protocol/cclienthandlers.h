@@ -52,9 +52,10 @@ public:
                             const std::string& response, const std::string& expectedType,
                             std::vector<std::string>& fields) const;
 
-    /// The protection of page files: reverses the order of the first `count` bytes and leaves the rest; -1,
-    /// and a count beyond the end, mean all; any other negative count changes nothing. Its own inverse.
-    int32_t N5148F(std::span<uint8_t> bytes, int32_t count) const;
+    /// The protection of page files: reverses the order of the elements from the array's lower bound up to
+    /// index N and leaves the rest. On the one-based arrays of pages that is exactly the first N bytes; -1,
+    /// and an index beyond the end, mean all. Its own inverse.
+    int32_t N5148F(std::span<uint8_t> bytes, int32_t N, int32_t lowerBound = 1) const;
 
 private:
     void DoInitialContact(const std::vector<std::string>& fields) const;
@@ -64,9 +65,6 @@ private:
     void ProcessCP(const std::string& field) const;
     bool dispatch(const std::string& code, const std::vector<std::string>& fields,
                   const std::string& response) const;
-
-    template <typename Step>
-    int32_t attempt(const char* procedure, Step&& step) const;
 
     cErrObject* errorObject_;
 };

@@ -1,0 +1,27 @@
+#include "core/control/controlparts.h"
+
+#include <utility>
+
+namespace pixmo {
+
+ControlParts::ControlParts(ControlPorts controlPorts)
+    : ports(std::move(controlPorts)), log(*ports.clock), errors(ports.messageBox.get()),
+      utilities(ports.identity.get()), packager2(errors), lvrImage(*ports.viewSurface),
+      leadImageHelp(errors, lvrImage, *ports.decoder), scope(std::make_shared<ProcedureScope>()) {
+    errors.setLog(&log);
+    utilities.setERRR(&errors);
+    scope->sourcePrefix = "VellaneInet.ImageView.";
+    scope->errorObject = &errors;
+    scope->messageBox = ports.messageBox.get();
+}
+
+void ControlParts::showHourglass() {
+    mousePointer = mouse_pointer::ArrowHourglass;
+    lvrImage.setPointer(mouse_pointer::ArrowHourglass);
+}
+
+cClientHandlers::Sender ControlParts::sender() const {
+    return {properties.Delimiter, properties.PublicKey, properties.UserLogin, properties.MachineName};
+}
+
+} // namespace pixmo

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "core/control/controlevents.h"
+#include "core/control/controlports.h"
+#include "core/control/propertyvalues.h"
+#include "core/control/sessionstate.h"
+#include "core/diag/cerrobject.h"
+#include "core/diag/clogevent.h"
+#include "core/diag/cutilities.h"
+#include "core/diag/procedure.h"
+#include "core/imaging/cleadimagefunctions.h"
+#include "core/imaging/rasterview.h"
+#include "core/protocol/cclienthandlers.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace pixmo {
+
+/// Mouse pointers of the control and its view, by their code.
+namespace mouse_pointer {
+inline constexpr int32_t Default = 0;
+inline constexpr int32_t ArrowHourglass = 13;
+} // namespace mouse_pointer
+
+/// The window that lists the pages, as far as the session knows it.
+class ThumbnailWindow {
+public:
+    virtual ~ThumbnailWindow() = default;
+
+    virtual void PostImageToThumbnail(int16_t page, const std::filesystem::path& file, int32_t encBytes) = 0;
+    virtual void reset() = 0;
+};
+
+/// What the classes of one control share.
+struct ControlParts {
+    explicit ControlParts(ControlPorts controlPorts);
+
+    ControlPorts ports;
+    cLogEvent log;
+    cErrObject errors;
+    cUtilities utilities;
+    cClientHandlers packager2;
+    RasterView lvrImage;
+    cLeadImageFunctions leadImageHelp;
+    std::shared_ptr<ProcedureScope> scope; ///< source prefix "VellaneInet.ImageView."
+    PropertyValues properties;
+    SessionState session;
+    TransferProgress progress;
+    ControlEvents events;
+    ThumbnailWindow* fThumbNails = nullptr;
+    int32_t mousePointer = mouse_pointer::Default;
+    bool inIDE = cUtilities::InIDE(); ///< whether failed transfers are shown to a developer
+    std::function<void()> updateUI;
+
+    Procedure procedure(const char* name, Buttons buttons = Buttons::RetryCancel) const {
+        return {scope, name, buttons};
+    }
+    bool ended() const { return scope->ended; }
+    /// A progress or detail line.
+    void logLine(const std::string& text) { log.LogEvent(text, log_level::Information); }
+    void showHourglass();
+    cClientHandlers::Sender sender() const;
+};
+
+} // namespace pixmo

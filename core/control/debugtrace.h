@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <string>
+
+namespace pixmo {
+
+/// The lines of the control's debug pane `txtDebug`, the oldest dropped when there are too many.
+class DebugTrace {
+public:
+    static constexpr size_t MostLines = 500;
+
+    void add(std::string line) {
+        lines_.push_back(std::move(line));
+        if (lines_.size() > MostLines)
+            lines_.pop_front();
+    }
+    void clear() { lines_.clear(); }
+    const std::deque<std::string>& lines() const { return lines_; }
+
+private:
+    std::deque<std::string> lines_;
+};
+
+} // namespace pixmo

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "core/base/event.h"
+#include "core/control/commandbar.h"
+#include "core/control/controlparts.h"
+#include "core/control/debugtrace.h"
+#include "core/control/layout.h"
+#include "core/control/propertytable.h"
+#include "core/control/responses.h"
+#include "core/control/session.h"
+#include "core/control/transfers.h"
+#include "core/platform/propertybag.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace pixmo {
+
+/// Check marks of the popup menus that stand for the user's settings.
+struct MenuChecks {
+    bool mnuPopup1ButtonCaptions = false;
+    bool mnuPopup1LargeButtons = true;
+    bool mnuPopup1SmallButtons = false;
+    bool mnuPopupGrayscale = true;
+};
+
+/// The one control of the library: a viewer of document pages. A face makes it, gives it the answers to its
+/// questions (ControlPorts), forwards what the user does and draws what it holds.
+///
+/// Whoever calls it holds a reference during the call: the call may bring about the end of the face.
+/// Methods do not throw; setProperty does.
+class ImageView : public std::enable_shared_from_this<ImageView> {
+public:
+    /// Made and initialised; then either InitProperties or ReadProperties completes it.
+    static std::shared_ptr<ImageView> create(ControlPorts ports);
+    ~ImageView();
+    ImageView(const ImageView&) = delete;
+    ImageView& operator=(const ImageView&) = delete;
+
+    void UserControl_InitProperties();
+    void UserControl_ReadProperties(const PropertyBag& bag);
+    void UserControl_WriteProperties(PropertyBag& bag);
+    /// Saves the settings, ends transfers and timers and removes the page files. Nothing happens in the
+    /// control afterwards. Called again it does nothing.
+    void UserControl_Terminate();
+    void UserControl_AmbientChanged(const std::string& propertyName);
+
+    void UserControl_Click();
+    void UserControl_DblClick();
+    void UserControl_KeyDown(int16_t& keyCode, int16_t& shift);
+    void UserControl_KeyPress(int16_t& keyAscii);
+    void UserControl_KeyUp(int16_t& keyCode, int16_t& shift);
+    /// The face has laid out its children (see layout) and tells the view its new size.
+    void UserControl_Resize();
+
+    /// By name. Throws error 438 for an unknown one.
+    PropertyValue property(std::string_view name) const;
+    /// Throws error 438 for an unknown name, 383 for a read-only property, 380, 13 or 6 for a bad value.
+    void setProperty(std::string_view name, const PropertyValue& value);
+    /// The same for a caller that cannot take an exception: the failure is left for GetLastError.
+    bool trySetProperty(std::string_view name, const PropertyValue& value);
+
+    void Refresh();
+    void clearCache();
+    void Clear();
+    void LoadDocumentByDocID(int32_t DocID, int16_t PageNum);
+    void GetLastError(int32_t& Number, std::string& Source, std::string& Description, std::string& HelpFile,
+                      int32_t& HelpContext) const;
+
+    /// A click on the button of that key; ignored while it is not there, hidden or disabled.
+    void tlbImage_ButtonClick(std::string_view key);
+    void requestBookmark();
+
+    ControlEvents& events() { return parts_.events; }
+    /// Something that a face draws beside the page has changed: toolbar, read-out, status, pointer.
+    Event<> InterfaceChanged;
+
+    RasterView& lvrImage() { return parts_.lvrImage; }
+    const Toolbar& tlbImage() const { return commandBar_.tlbImage(); }
+    const MenuChecks& menuChecks() const { return checks_; }
+    const DebugTrace& txtDebug() const { return debug_; }
+    int32_t mousePointer() const { return parts_.mousePointer; }
+    /// "Page 3 of 12"
+    std::string txtPage() const;
+    /// What goes on now, for the status line; "" when nothing does.
+    std::string statusText() const;
+    /// Of the running transfer: 0 to 100, or -1 when none runs or its size is not known.
+    int32_t progressPercent() const;
+    /// What to show instead of the picture while the picture of the current page is not there; "" when it is.
+    std::string viewNotice() const;
+    bool isPageDisplayed() const;
+    /// Nothing is pending: no transfer, no delayed fetch, no delayed repaint.
+    bool isIdle() const;
+
+    ControlParts& parts() { return parts_; }
+    const ControlParts& parts() const { return parts_; }
+    Session& session() { return session_; }
+    const Session& session() const { return session_; }
+    Timer& tmrResizeDelay() const { return *tmrResizeDelay_; }
+    void rebuildToolbar();
+
+private:
+    explicit ImageView(ControlPorts ports);
+
+    void UserControl_Initialize();
+    std::unique_ptr<Timer> timer(void (ImageView::*fired)());
+    void trace(const std::string& line);
+    void readIdentity();
+    void readUserSettings();
+    void writeUserSettings();
+    void completeStart();
+    void readProperty(const PropertyBag& bag, const PropertyRow& row);
+    void letProperty(const PropertyRow& row, const PropertyValue& value);
+    void letGrayScale(bool on);
+    void tlbImage_SetStyle();
+    void UpdateUI();
+    CommandFacts commandFacts() const;
+    void lvwImage_KeyDown(int16_t keyCode, int16_t shift);
+    void turnTo(int16_t page);
+    bool isContacting() const;
+    std::string currentTag() const;
+    void tmrDelay_Timer() { session_.tmrDelay_Timer(); }
+    void tmrResizeDelay_Timer();
+    void tmrRunResize_Timer();
+
+    static constexpr int32_t NoGrayScaleSaved = -1;
+
+    ControlParts parts_;
+    Session session_;
+    Transfers transfers_;
+    Responses responses_;
+    CommandBar commandBar_;
+    MenuChecks checks_;
+    DebugTrace debug_;
+    std::unique_ptr<Timer> tmrResizeDelay_;
+    std::unique_ptr<Timer> tmrRunResize_;
+    int32_t savedGrayScale_ = NoGrayScaleSaved;
+};
+
+} // namespace pixmo

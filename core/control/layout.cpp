@@ -1,0 +1,37 @@
+#include "core/control/layout.h"
+
+#include <algorithm>
+
+namespace pixmo {
+
+namespace {
+
+constexpr int32_t Gap = 6;
+
+} // namespace
+
+ControlLayout layOut(const LayoutMeasures& m) {
+    const int32_t width = std::max(m.width, 0);
+    const int32_t height = std::max(m.height, 0);
+    const int32_t toolbarHeight = std::min(m.toolbarHeight, height);
+    const int32_t statusHeight = std::min(m.statusHeight, height - toolbarHeight);
+    const int32_t between = height - toolbarHeight - statusHeight;
+    const int32_t debugHeight = m.debugShown ? between / 4 : 0;
+    const int32_t statusTop = height - statusHeight;
+
+    ControlLayout layout;
+    layout.toolbar = {0, 0, width, toolbarHeight};
+    layout.view = {0, toolbarHeight, width, between - debugHeight};
+    layout.debug = {0, toolbarHeight + layout.view.height, width, debugHeight};
+    const int32_t readOutWidth = std::min(m.readOutWidth, width);
+    layout.readOut = {0, statusTop, readOutWidth, statusHeight};
+    const int32_t progressWidth = std::clamp(width - readOutWidth - 2 * Gap, 0, m.progressWidth);
+    layout.progress = {width - progressWidth, statusTop, progressWidth, statusHeight};
+    const int32_t statusLeft = readOutWidth + Gap;
+    layout.status = {statusLeft, statusTop,
+                     std::max(0, layout.progress.left - (progressWidth > 0 ? Gap : 0) - statusLeft),
+                     statusHeight};
+    return layout;
+}
+
+} // namespace pixmo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+
+namespace pixmo {
+
+/// In device-independent pixels of the control, origin at its upper left corner.
+struct Box {
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+    bool operator==(const Box&) const = default;
+};
+
+/// What the face measures.
+struct LayoutMeasures {
+    int32_t width = 0;
+    int32_t height = 0;
+    int32_t toolbarHeight = 0; ///< 0 hides the toolbar
+    int32_t readOutWidth = 0;  ///< of the text of `txtPage`
+    int32_t statusHeight = 0;  ///< of one line of text with its margins; 0 hides the status line
+    int32_t progressWidth = 0; ///< 0 hides the progress bar
+    bool debugShown = false;
+};
+
+/// Where the children of the control go.
+struct ControlLayout {
+    Box toolbar;
+    Box view;
+    Box debug;
+    Box readOut;
+    Box status;
+    Box progress;
+};
+
+/// The toolbar on top, the status line with the page read-out at the bottom, the view between them. The
+/// view keeps no less than nothing; what does not fit is cut from the bottom up.
+ControlLayout layOut(const LayoutMeasures& measures);
+
+} // namespace pixmo

@@ -1,0 +1,207 @@
+#include "core/control/responses.h"
+
+#include "core/base/ansi.h"
+#include "core/base/files.h"
+#include "core/base/text.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace pixmo {
+
+namespace {
+
+const std::string Indent(5, ' ');
+
+/// Answers below this size are texts, not pages.
+constexpr float SmallestPageKilobytes = 3;
+
+/// Results of a page-count answer that end the session: the code under both of the values by which it is
+/// known.
+constexpr std::array<int32_t, 2> SessionEnded = {-2147219976, static_cast<int32_t>(0x800409F8)};
+
+/// The properties that the server may set, and the control's names for them.
+constexpr std::array<std::pair<std::string_view, const char*>, 11> ServerProperties = {{
+    {"ENGINEADDRESS", "EngineAddress"},
+    {"PRINTCOVERSHEET", "PrintCoverSheet"},
+    {"PRINTUSERNAME", "PrintUserName"},
+    {"PRINTITEMDESC", "PrintItemDesc"},
+    {"PRINTFEE", "PrintFee"},
+    {"DELIMITER", "Delimiter"},
+    {"PUBLICKEY", "PublicKey"},
+    {"ENCBYTES", "EncBytes"},
+    {"PRINTCAPTION", "PrintCaption"},
+    {"PRINTPAGENUMS", "PrintPageNums"},
+    {"PRINTIMAGEDESC", "PrintImageDesc"},
+}};
+
+std::string textOf(const std::vector<uint8_t>& bytes) {
+    return fromAnsi({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+}
+
+/// Removes the file of an answer that is not kept.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(std::filesystem::path path) : path_(std::move(path)) {}
+    ~TemporaryFile() {
+        std::error_code ignored;
+        if (!path_.empty())
+            std::filesystem::remove(path_, ignored);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    void keep() { path_.clear(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+} // namespace
+
+Responses::Responses(ControlParts& parts, Session& session, Transfers& transfers, LetProperty letProperty)
+    : parts_(parts), session_(session), transfers_(transfers), letProperty_(std::move(letProperty)) {
+    connectPackager();
+}
+
+void Responses::connectPackager() {
+    parts_.packager2.InitialContact.connect([this](bool flag) { parts_.session.contacted = flag; });
+    parts_.packager2.PageCount.connect([this](int16_t count) { parts_.session.pageCount = count; });
+    parts_.packager2.PropertyChanged.connect([this](const std::string& name, const std::string& value) {
+        Packager2_PropertyChanged(name, value);
+    });
+    parts_.packager2.ServerErrorReport.connect(
+        [this](int32_t number, const std::string& text1, const std::string& text2) {
+            Packager2_ServerErrorReport(number, text1, text2);
+        });
+}
+
+void Responses::Packager2_PropertyChanged(const std::string& name, const std::string& value) {
+    const std::string upperName = upperCase(name);
+    const auto* known = std::find_if(ServerProperties.begin(), ServerProperties.end(),
+                                     [&](const auto& entry) { return entry.first == upperName; });
+    const bool isKnown = known != ServerProperties.end();
+    parts_.logLine(Indent + (isKnown ? "Property '" : "Unknown property '") + name + "' changed to '" +
+                   value + "'.");
+    if (isKnown)
+        letProperty_(known->second, value);
+}
+
+void Responses::Packager2_ServerErrorReport(int32_t number, const std::string& text1,
+                                            const std::string& text2) {
+    parts_.ports.messageBox->ask("The server has sent the following error:" + std::string(LineBreak) +
+                                     std::to_string(number) + " " + text1 + " " + text2,
+                                 Buttons::Ok, Icon::None, {});
+}
+
+void Responses::ProcessServerResponse(const AsyncProperty& record) {
+    const Tag tag = split(record.PropertyName, parts_.properties.Delimiter);
+    bool current = false;
+    parts_.procedure("ProcessServerResponse").step([&] { current = isForCurrentDocument(tag); }).step([&] {
+        if (current)
+            dispatch(tag, record);
+        else
+            const TemporaryFile discarded(record.File);
+    });
+}
+
+bool Responses::isForCurrentDocument(const Tag& tag) {
+    if (tag.size() < 2)
+        return true;
+    const int32_t current = parts_.session.currentDocument;
+    if (toLong(tag[1]) != current) {
+        parts_.log.LogEvent("DATA DISCARDED. Current DocID is " + std::to_string(current) +
+                                " and returned data was for DocID " + tag[1],
+                            log_level::Warning);
+        return false;
+    }
+    parts_.logLine(Indent + "->Data is for the current document.");
+    return true;
+}
+
+void Responses::dispatch(const Tag& tag, const AsyncProperty& record) {
+    const std::string& kind = tag[0];
+    if (kind == "IC")
+        processInitialContact(record);
+    else if (kind == "PC")
+        processPageCount(record);
+    else if (kind == "GP")
+        processPage(tag, record);
+    else if (kind != "PP")
+        parts_.ports.messageBox->ask("UNHANDLED REQUEST TYPE: " + record.PropertyName, Buttons::Ok,
+                                     Icon::None, {});
+}
+
+/// The number of the error that the answer caused, 0 for none.
+int32_t Responses::processText(const std::string& text) {
+    std::vector<std::string> fields;
+    return parts_.packager2.ProcessResponse(parts_.properties.Delimiter, parts_.properties.PublicKey, text,
+                                            {}, fields);
+}
+
+void Responses::processInitialContact(const AsyncProperty& record) {
+    const std::string text = record.BytesRead > 0 ? textOf(record.Bytes) : std::string();
+    parts_.logLine("Processing IC Resp: '" + text + "'");
+    if (processText(text) != 0)
+        throw Error(parts_.errors.Number(), parts_.errors.Description(), parts_.errors.Source());
+}
+
+void Responses::processPageCount(const AsyncProperty& record) {
+    if (record.BytesRead <= 0)
+        return;
+    const std::string text = textOf(record.Bytes);
+    parts_.logLine("Processing PC Resp: " + text);
+    const int32_t result = processText(text);
+    if (result == 0)
+        return;
+    if (std::find(SessionEnded.begin(), SessionEnded.end(), result) == SessionEnded.end())
+        throw Error(parts_.errors.Number(), parts_.errors.Description(), parts_.errors.Source());
+    transfers_.CancelDownloads();
+    session_.Clear();
+}
+
+void Responses::processPage(const Tag& tag, const AsyncProperty& record) {
+    TemporaryFile file(record.File);
+    parts_.logLine("Processing GP Resp: " + record.File.string());
+    const float kilobytes = cUtilities::GetFileSize(record.File);
+    if (kilobytes <= 0) {
+        failPage("No page returned.");
+    } else if (kilobytes < SmallestPageKilobytes) {
+        processSmallAnswer(record);
+    } else {
+        keepPage(tag, record);
+        file.keep();
+    }
+}
+
+void Responses::processSmallAnswer(const AsyncProperty& record) {
+    const std::string text = textOf(readFile(record.File));
+    if (containsIgnoringCase(text, "err"))
+        failPage(text);
+    else if (processText(text) != 0)
+        transfers_.CancelDownloads();
+}
+
+void Responses::failPage(const std::string& message) {
+    const int32_t document = parts_.session.currentDocument;
+    parts_.ports.messageBox->ask(message, Buttons::Ok, Icon::None, {});
+    // Another document may have come while the message stood.
+    if (parts_.ended() || parts_.session.currentDocument != document)
+        return;
+    transfers_.CancelDownloads();
+    session_.Clear();
+}
+
+void Responses::keepPage(const Tag& tag, const AsyncProperty& record) {
+    if (tag.size() < 3)
+        throw subscriptError();
+    const int16_t page = toInteger(tag[2]);
+    session_.keepPageFile(page, record.File);
+    if (parts_.session.pages.isForThumbnail(page) || page == parts_.session.currentPage)
+        session_.DisplayPage(page);
+}
+
+} // namespace pixmo

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "core/control/controlparts.h"
+#include "core/control/session.h"
+#include "core/control/transfers.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace pixmo {
+
+/// What the control does with the server's answers: sends each to its handler, drops those for a document
+/// that is no longer shown, and follows the events of the protocol.
+class Responses {
+public:
+    /// `letProperty` stores a text as the value of a property, with the checks that the host's values get;
+    /// it throws when the value is refused.
+    using LetProperty = std::function<void(const std::string& name, const std::string& value)>;
+    Responses(ControlParts& parts, Session& session, Transfers& transfers, LetProperty letProperty);
+
+    void ProcessServerResponse(const AsyncProperty& record);
+
+private:
+    using Tag = std::vector<std::string>;
+
+    void connectPackager();
+    void Packager2_PropertyChanged(const std::string& name, const std::string& value);
+    void Packager2_ServerErrorReport(int32_t number, const std::string& text1, const std::string& text2);
+
+    bool isForCurrentDocument(const Tag& tag);
+    void dispatch(const Tag& tag, const AsyncProperty& record);
+    int32_t processText(const std::string& text);
+    void processInitialContact(const AsyncProperty& record);
+    void processPageCount(const AsyncProperty& record);
+    void processPage(const Tag& tag, const AsyncProperty& record);
+    void processSmallAnswer(const AsyncProperty& record);
+    void failPage(const std::string& message);
+    void keepPage(const Tag& tag, const AsyncProperty& record);
+
+    ControlParts& parts_;
+    Session& session_;
+    Transfers& transfers_;
+    LetProperty letProperty_;
+};
+
+} // namespace pixmo

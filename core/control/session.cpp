@@ -1,0 +1,319 @@
+#include "core/control/session.h"
+
+#include "core/base/product.h"
+#include "core/base/text.h"
+#include "core/control/requestaddress.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <system_error>
+#include <utility>
+
+namespace pixmo {
+
+namespace {
+
+const std::string Indent(5, ' ');
+
+std::string blockStart() {
+    return std::string(42, 'v');
+}
+
+std::string blockEnd() {
+    return std::string(42, '^');
+}
+
+void checkDocID(int32_t docID, const char* source) {
+    if (docID < 1)
+        throw Error(error_number::InvalidArgument, "Invalid DocID of '" + std::to_string(docID) + "'.",
+                    source);
+}
+
+int16_t firstPageOf(int16_t pageNum) {
+    if (pageNum == 0)
+        return 1;
+    return static_cast<int16_t>(
+        std::min<int32_t>(std::abs(static_cast<int32_t>(pageNum)), std::numeric_limits<int16_t>::max()));
+}
+
+/// A failed class operation is raised again as the error object holds it.
+void raiseUnlessDone(int32_t status, const cErrObject& errors) {
+    if (status != 0)
+        throw Error(errors.Number(), errors.Description(), errors.Source());
+}
+
+} // namespace
+
+Session::Session(ControlParts& parts, std::function<void(const std::string&)> letEngineAddress)
+    : parts_(parts), letEngineAddress_(std::move(letEngineAddress)) {}
+
+void Session::LoadDocumentByDocID(int32_t docID, int16_t pageNum, const std::string& address) {
+    const uint32_t load = ++loads_;
+    const auto unlessStale = [&, load] { return unlessReplaced(load, docID); };
+    parts_.procedure("LoadDocumentByDocID", Buttons::AbortRetryIgnore)
+        .step([&] {
+            parts_.logLine(std::string(LineBreak) + blockStart());
+            parts_.logLine("LoadDocumentByDocID - " + std::to_string(docID));
+            parts_.logLine(blockEnd());
+        })
+        .step([&] { Clear(); })
+        .step([&] { return load == loads_ ? Flow::GoOn : Flow::Leave; })
+        .step([&] {
+            if (!address.empty())
+                letEngineAddress_(address);
+        })
+        .step([&] { return docID == 0 ? Flow::Leave : Flow::GoOn; })
+        .step([&] {
+            state().currentDocument = docID;
+            parts_.updateUI();
+        })
+        .step([&] { return contactUnlessMade(); })
+        .step(unlessStale)
+        .step([&] { GetPageCount(docID); })
+        .step(unlessStale)
+        .step([&] {
+            // A page chosen while the contact was awaited comes before the one that was asked for.
+            int16_t page = state().currentPage > 0 ? state().currentPage : firstPageOf(pageNum);
+            LoadPage(page, false, false);
+        });
+}
+
+/// Procedures that waited go on only with the load that they belong to.
+Flow Session::unlessReplaced(uint32_t load, int32_t docID) const {
+    return load == loads_ && state().currentDocument == docID ? Flow::GoOn : Flow::Leave;
+}
+
+Flow Session::contactUnlessMade() {
+    if (state().contacted)
+        return Flow::GoOn;
+    // The load that awaits the contact goes on by itself; waiting inside its wait would only delay it.
+    if (transfers_->isPending("IC"))
+        return Flow::Leave;
+    if (DoInitialContact())
+        return Flow::GoOn;
+    parts_.updateUI();
+    return Flow::Leave;
+}
+
+bool Session::DoInitialContact() {
+    const uint32_t load = loads_;
+    parts_.procedure("DoInitialContact").step([&] { return contactServer(load); });
+    return !parts_.ended() && state().contacted;
+}
+
+bool Session::isContactOver(uint32_t load) const {
+    return parts_.ended() || loads_ != load || state().contacted || !transfers_->isPending("IC");
+}
+
+void Session::requestContact() {
+    std::string request;
+    std::string tag;
+    raiseUnlessDone(parts_.packager2.BuildReqIC(
+                        parts_.sender(), product::Title, std::to_string(product::Major),
+                        std::to_string(product::Minor), std::to_string(product::Revision), request, tag),
+                    parts_.errors);
+    const RequestAddress address = requestAddress(parts_.properties.EngineAddress, request);
+    parts_.logLine("Initial Contact Request: " + address.readable);
+    transfers_->start(address.target, tag, AsyncType::ByteArray, Transfers::TagIsAdded::BeforeStart);
+}
+
+Flow Session::contactServer(uint32_t load) {
+    requestContact();
+    parts_.ports.eventLoop->pumpUntil([this, load] { return isContactOver(load); });
+    if (parts_.ended() || loads_ != load)
+        return Flow::Leave;
+    if (!state().contacted) {
+        parts_.logLine(Indent + "InitialContact: Cancelled");
+        throw Error(error_number::InvalidArgument, "Initial Contact failed or was cancelled.");
+    }
+    parts_.logLine(Indent + "InitialContact: OK");
+    return Flow::GoOn;
+}
+
+void Session::GetPageCount(int32_t docID) {
+    const uint32_t load = loads_;
+    parts_.procedure("GetPageCount")
+        .step([&] { checkDocID(docID, "Vellane.Pixmo.GetPageCount"); })
+        .step([&] { return contactUnlessMade(); })
+        .step([&] { return load == loads_ ? Flow::GoOn : Flow::Leave; })
+        .step([&] { requestPageCount(docID); });
+}
+
+void Session::requestPageCount(int32_t docID) {
+    std::string request;
+    std::string tag;
+    raiseUnlessDone(parts_.packager2.BuildReqPC(parts_.sender(), docID, request, tag), parts_.errors);
+    parts_.logLine(std::string(42, '*'));
+    parts_.logLine("PageCount Requested for DocID " + std::to_string(docID) + ": ");
+    parts_.logLine(Indent + request);
+    transfers_->start(requestAddress(parts_.properties.EngineAddress, request).target, tag,
+                      AsyncType::ByteArray, Transfers::TagIsAdded::AfterStart);
+}
+
+void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
+    parts_.procedure("LoadPage", Buttons::AbortRetryIgnore)
+        .step([&] {
+            if (page < 1)
+                page = 1;
+            if (state().pageCount > 0 && page > state().pageCount)
+                page = state().pageCount;
+            state().pages.setForThumbnail(page, forThumbnail);
+        })
+        .step([&] {
+            if (forThumbnail)
+                return;
+            tmrDelay_->stop();
+            state().currentPage = page;
+            parts_.updateUI();
+        })
+        .step([&] {
+            if (IsPageCached(page)) {
+                parts_.logLine("  ->Page was cached @ " + state().pages.file(page).string());
+                DisplayPage(page);
+            } else if (delayed) {
+                FetchWithDelay(page);
+            } else {
+                FetchPageFromServer(state().currentDocument, page);
+            }
+        });
+}
+
+void Session::FetchWithDelay(int16_t page) {
+    parts_.procedure("FetchWithDelay").step([&] {
+        parts_.showHourglass();
+        tmrDelay_->stop();
+        delayedPage_ = page;
+        tmrDelay_->start();
+    });
+}
+
+void Session::tmrDelay_Timer() {
+    parts_.procedure("tmrDelay_Timer").step([this] { tmrDelay_->stop(); }).step([this] {
+        FetchPageFromServer(state().currentDocument, delayedPage_);
+    });
+}
+
+void Session::FetchPageFromServer(int32_t docID, int16_t page) {
+    parts_.procedure("FetchPageFromServer", Buttons::AbortRetryIgnore)
+        .step([&] { state().pages.growFlags(page); })
+        .step([&] { checkDocID(docID, "Vellane.Pixmo.FetchPageFromServer"); })
+        .step([&] { return contactUnlessMade(); })
+        .step([&] { return state().currentDocument == docID ? Flow::GoOn : Flow::Leave; })
+        .step([&] { requestPage(docID, page); });
+}
+
+void Session::requestPage(int32_t docID, int16_t page) {
+    std::string request;
+    std::string tag;
+    raiseUnlessDone(
+        parts_.packager2.BuildReqGP(parts_.sender(), docID, page, request, tag, parts_.properties.NoR != 0),
+        parts_.errors);
+    const RequestAddress address = requestAddress(parts_.properties.EngineAddress, request);
+    parts_.logLine(std::string(39, '*'));
+    parts_.logLine("Fetching Page from Server");
+    parts_.logLine(Indent + "Name: " + tag);
+    parts_.logLine(Indent + "Reqeust: " + address.readable);
+    if (!transfers_->isPending(tag))
+        transfers_->start(address.target, tag, AsyncType::File, Transfers::TagIsAdded::AfterStart);
+}
+
+void Session::keepPageFile(int16_t page, const std::filesystem::path& file) {
+    const std::filesystem::path former = state().pages.file(page);
+    std::error_code ignored;
+    if (!former.empty() && former != file)
+        std::filesystem::remove(former, ignored);
+    state().pages.setFile(page, file);
+}
+
+void Session::DisplayPage(int16_t page) {
+    parts_.procedure("DisplayPage", Buttons::AbortRetryIgnore)
+        .step([&] {
+            if (!state().pages.isForThumbnail(page))
+                return Flow::GoOn;
+            if (parts_.fThumbNails)
+                parts_.fThumbNails->PostImageToThumbnail(page, state().pages.file(page),
+                                                         parts_.properties.EncBytes);
+            return Flow::Leave;
+        })
+        .step([&] { announcePage(page); })
+        .step([&] { showCurrentPage(); })
+        .step([&] { parts_.updateUI(); });
+}
+
+void Session::announcePage(int16_t page) {
+    if (page <= 0)
+        return;
+    state().currentPage = page;
+    parts_.events.PageChanged.raise(state().currentDocument, state().currentPage);
+}
+
+// The host may have cleared the session or gone elsewhere while it was told of the page.
+void Session::showCurrentPage() {
+    const int16_t page = state().currentPage;
+    if (!IsPageCached(page))
+        return;
+    state().shownPage = 0;
+    const int32_t status =
+        parts_.leadImageHelp.imgDisplayEncryptedPage(state().pages.file(page), parts_.properties.EncBytes);
+    raiseUnlessDone(status, parts_.errors);
+    state().shownPage = page;
+}
+
+void Session::Clear() {
+    parts_.procedure("Clear", Buttons::AbortRetryIgnore)
+        .step([this] { emptySession(); })
+        .step([this] {
+            parts_.events.PageChanged.raise(0, 0);
+            // A document that the host loads when it hears of this has cleared everything itself.
+            return state().currentDocument == 0 ? Flow::GoOn : Flow::Leave;
+        })
+        .step([this] { parts_.leadImageHelp.imgClear(); })
+        .step([this] {
+            if (parts_.fThumbNails)
+                parts_.fThumbNails->reset();
+        })
+        .step([this] { state().pending = Collection(); })
+        .step([this] { clearCache(); })
+        .step([this] { parts_.updateUI(); });
+}
+
+void Session::emptySession() {
+    tmrDelay_->stop();
+    state().currentDocument = 0;
+    state().pageCount = 0;
+    state().currentPage = 0;
+    state().shownPage = 0;
+    state().transferProblem.clear();
+    parts_.progress = {};
+}
+
+void Session::clearCache() {
+    parts_.procedure("Clear", Buttons::AbortRetryIgnore)
+        .step([this] { parts_.logLine("Clearing temp files."); })
+        .step([this] { removePageFiles(); })
+        .step([this] { state().pages.clear(); });
+}
+
+void Session::removePageFiles() {
+    PageCache& pages = state().pages;
+    if (!pages.hasFiles())
+        parts_.logLine("   -->no cache files to remove!");
+    for (int32_t page = 1; page <= pages.highestPage(); ++page) {
+        const auto index = static_cast<int16_t>(page);
+        if (!pages.IsPageCached(index))
+            continue;
+        const std::filesystem::path file = pages.file(index);
+        parts_.logLine("   -->removing temp file " + file.string());
+        std::filesystem::remove(file);
+        pages.setFile(index, {});
+    }
+}
+
+void Session::requestBookmark() {
+    parts_.procedure("requestBookmark").step([this] {
+        parts_.events.BookmarkRequested.raise(state().currentDocument, state().currentPage);
+    });
+}
+
+} // namespace pixmo

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/platform/propertyvalue.h"
+
+#include <string>
+
+namespace pixmo {
+
+/// Port: what hosts the control.
+class Container {
+public:
+    virtual ~Container() = default;
+
+    /// False while the host designs a form.
+    virtual bool userMode() const = 0;
+    virtual Colour ambientBackColor() const = 0;
+    virtual Font ambientFont() const = 0;
+    /// Runs a command line in a normal window; asked for in the development environment only.
+    virtual void startProgram(const std::string& commandLine) = 0;
+    /// A persisted property has a new value.
+    virtual void PropertyChanged(const std::string& name) = 0;
+};
+
+} // namespace pixmo
