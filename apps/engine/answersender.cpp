@@ -18,13 +18,13 @@ bool AnswerSender::sendPiece(size_t offset, size_t length, httplib::DataSink& si
     const bool ends = delivery_.cut != Cut::None && end >= half;
     if (ends)
         end = std::max(offset, half);
+    if (drips && !connection_.pause(timeOf(end - offset)))
+        return false;
     if (end > offset && !sink.write(body_.data() + offset, end - offset))
         return false;
-    if (ends) {
+    if (ends)
         connection_.cut(delivery_.cut);
-        return false;
-    }
-    return !drips || connection_.pause(timeOf(end - offset));
+    return !ends;
 }
 
 size_t AnswerSender::pieceSize() const {

@@ -82,10 +82,7 @@ void EngineServer::addControl() {
 }
 
 void EngineServer::listen() {
-    if (options_.port == 0)
-        port_ = http_.bind_to_any_port(options_.address);
-    else if (http_.bind_to_port(options_.address, options_.port))
-        port_ = options_.port;
+    port_ = http_.bind(options_.address, options_.port);
     if (port_ <= 0)
         throw std::runtime_error("Cannot listen on " + options_.address + " port " +
                                  std::to_string(options_.port) + '.');

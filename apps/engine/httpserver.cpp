@@ -41,6 +41,14 @@ HttpServer::HttpServer() {
     set_payload_max_length(MostPostedBytes);
 }
 
+int HttpServer::bind(const std::string& address, int port) {
+    const int bound = port == 0 ? bind_to_any_port(address) : bind_to_port(address, port) ? port : -1;
+    // The library's queue of five makes clients that come together wait for a second.
+    if (bound > 0)
+        ::listen(svr_sock_, SOMAXCONN);
+    return bound;
+}
+
 void HttpServer::serve(const std::string& path, ConnectionHandler handler) {
     Get(path, [handler = std::move(handler)](const httplib::Request& request, httplib::Response& response) {
         handler(request, response, *servedConnection);

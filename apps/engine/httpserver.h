@@ -16,6 +16,9 @@ public:
 
     HttpServer();
 
+    /// Listens on that port, 0 being any free one. The port, or -1 when it cannot be had.
+    int bind(const std::string& address, int port);
+
     /// GET on that path, handled with the connection at hand.
     void serve(const std::string& path, ConnectionHandler handler);
 
