@@ -1,0 +1,65 @@
+#include "core/imaging/tonesums.h"
+
+#include <algorithm>
+
+namespace pixmo {
+
+namespace {
+
+/// Rows of bytes that 16 bits can add up.
+constexpr int32_t RowsAtOnce = 256;
+
+} // namespace
+
+ToneSums::ToneSums(const Raster& raster, int32_t first, int32_t end)
+    : raster_(raster), channels_(raster.format == PixelFormat::Rgb ? 3 : 1), first_(first),
+      samples_(static_cast<size_t>(end - first) * channels_), rowSums_(samples_), values_(samples_),
+      sums_(samples_ + 2 * channels_) {}
+
+void ToneSums::build(const RowShare& share) {
+    std::fill(values_.begin(), values_.end(), 0U);
+    addRow(share.first, share.firstWeight);
+    addFullRows(share.first + 1, share.last, share.full);
+    if (share.last > share.first)
+        addRow(share.last, share.lastWeight);
+    runningSums();
+}
+
+void ToneSums::addRow(int32_t y, uint32_t weight) {
+    const uint8_t* samples = samplesOf(y);
+    const auto narrow = static_cast<uint16_t>(weight);
+    uint32_t* values = values_.data();
+    for (size_t i = 0; i < samples_; ++i)
+        values[i] += static_cast<uint32_t>(static_cast<uint16_t>(samples[i])) * narrow;
+}
+
+void ToneSums::addFullRows(int32_t begin, int32_t end, uint32_t weight) {
+    const auto narrow = static_cast<uint16_t>(weight);
+    uint16_t* sums = rowSums_.data();
+    uint32_t* values = values_.data();
+    for (int32_t y = begin; y < end; y += RowsAtOnce) {
+        std::copy_n(samplesOf(y), samples_, sums);
+        for (int32_t next = y + 1; next < std::min(end, y + RowsAtOnce); ++next) {
+            const uint8_t* samples = samplesOf(next);
+            for (size_t i = 0; i < samples_; ++i)
+                sums[i] = static_cast<uint16_t>(sums[i] + samples[i]);
+        }
+        for (size_t i = 0; i < samples_; ++i)
+            values[i] += static_cast<uint32_t>(sums[i]) * narrow;
+    }
+}
+
+void ToneSums::runningSums() {
+    Sum* sums = sums_.data();
+    if (channels_ == 1) {
+        Sum sum = 0;
+        for (size_t i = 0; i < samples_; ++i)
+            sums[i + 1] = sum += values_[i];
+    } else {
+        for (size_t i = 0; i < samples_; ++i)
+            sums[i + 3] = sums[i] + values_[i];
+    }
+    std::copy_n(sums + samples_, channels_, sums + samples_ + channels_);
+}
+
+} // namespace pixmo
