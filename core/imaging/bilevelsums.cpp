@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
+#include <functional>
+#include <utility>
 
 namespace pixmo {
 
@@ -23,18 +26,46 @@ constexpr std::array<ByteCounts, 256> leadingOnes() {
 }
 constexpr std::array<ByteCounts, 256> LeadingOnes = leadingOnes();
 
-/// Replaces (or, to `Add`, raises) the counts of the columns by those of N bit rows.
-template <size_t N, bool Add>
-void countColumns(const BitRow* rows, size_t begin, size_t end, uint16_t* columns) {
+/// Replaces (or, to `Add`, raises) the counts of the columns by those of the bit rows N...
+/// The loop over the eight columns of a byte becomes one step on vectors as long as nobody unrolls it.
+template <bool Add, size_t... N>
+void countColumns(const BitRow* rows, size_t begin, size_t end, uint16_t* columns,
+                  std::index_sequence<N...>) {
+    const std::array<const uint8_t*, sizeof...(N)> bytes{rows[N].bytes...};
+    const std::array<uint16_t, sizeof...(N)> weights{rows[N].weight...};
     for (size_t byte = begin; byte < end; ++byte) {
         uint16_t* cell = columns + byte * 8;
-        for (size_t i = 0; i < 8; ++i) {
-            unsigned sum = Add ? cell[i] : 0U;
-            for (size_t n = 0; n < N; ++n)
-                sum += static_cast<unsigned>(LeadingOnes[rows[n].bytes[byte]][i]) * rows[n].weight;
-            cell[i] = static_cast<uint16_t>(sum);
-        }
+        const std::array<const uint16_t*, sizeof...(N)> ones{LeadingOnes[bytes[N][byte]].data()...};
+        ByteCounts sum;
+#pragma GCC unroll 1
+        for (size_t i = 0; i < 8; ++i)
+            sum[i] = static_cast<uint16_t>((... + static_cast<uint16_t>(ones[N][i] * weights[N])) +
+                                           (Add ? cell[i] : 0));
+        std::memcpy(cell, sum.data(), sizeof sum);
     }
+}
+
+template <bool Add, size_t N>
+void countColumns(const BitRow* rows, size_t begin, size_t end, uint16_t* columns) {
+    countColumns<Add>(rows, begin, end, columns, std::make_index_sequence<N>());
+}
+
+void orInto(uint8_t* into, const uint8_t* bytes, size_t count) {
+    for (size_t i = 0; i < count; ++i)
+        into[i] = static_cast<uint8_t>(into[i] | bytes[i]);
+}
+
+/// Running sums of `columns` columns (a multiple of 8), from `sum` on; the last one is the result.
+uint32_t appendColumns(const uint16_t* inByte, size_t columns, uint32_t sum, uint32_t* sums) {
+    for (size_t at = 0; at < columns; at += 8) {
+        std::array<uint32_t, 8> eight;
+#pragma GCC unroll 1
+        for (size_t i = 0; i < 8; ++i)
+            eight[i] = sum + inByte[at + i];
+        std::memcpy(sums + at, eight.data(), sizeof eight);
+        sum += inByte[at + 7];
+    }
+    return sum;
 }
 
 } // namespace
@@ -89,16 +120,15 @@ void BilevelSums::gatherRows(const RowShare& share) {
 }
 
 void BilevelSums::findInk() {
-    std::copy_n(rows_[0].bytes, bytes_, anyInk_.begin());
+    uint8_t* any = anyInk_.data();
+    std::copy_n(rows_[0].bytes, bytes_, any);
     for (size_t n = 1; n < rows_.size(); ++n)
-        for (size_t i = 0; i < bytes_; ++i)
-            anyInk_[i] |= rows_[n].bytes[i];
+        orInto(any, rows_[n].bytes, bytes_);
     inked_.clear();
     for (size_t i = 0; i < anyInk_.size(); i += Chunk) {
-        unsigned any = 0;
-        for (size_t k = 0; k < Chunk; ++k)
-            any |= anyInk_[i + k];
-        if (any == 0)
+        uint64_t ink = 0;
+        std::memcpy(&ink, any + i, Chunk);
+        if (ink == 0)
             continue;
         const auto begin = firstColumn() + static_cast<int32_t>(i * 8);
         const auto end = firstColumn() + static_cast<int32_t>(std::min(i + Chunk, bytes_) * 8);
@@ -114,22 +144,22 @@ void BilevelSums::addBitRows(size_t begin, size_t end) {
     size_t done = 0;
     switch (std::min<size_t>(rows_.size(), 4)) {
     case 1:
-        countColumns<1, false>(rows_.data(), begin, end, columns);
+        countColumns<false, 1>(rows_.data(), begin, end, columns);
         return;
     case 2:
-        countColumns<2, false>(rows_.data(), begin, end, columns);
+        countColumns<false, 2>(rows_.data(), begin, end, columns);
         return;
     case 3:
-        countColumns<3, false>(rows_.data(), begin, end, columns);
+        countColumns<false, 3>(rows_.data(), begin, end, columns);
         return;
     default:
-        countColumns<4, false>(rows_.data(), begin, end, columns);
+        countColumns<false, 4>(rows_.data(), begin, end, columns);
         done = 4;
     }
     for (; done + 2 <= rows_.size(); done += 2)
-        countColumns<2, true>(rows_.data() + done, begin, end, columns);
+        countColumns<true, 2>(rows_.data() + done, begin, end, columns);
     if (done < rows_.size())
-        countColumns<1, true>(rows_.data() + done, begin, end, columns);
+        countColumns<true, 1>(rows_.data() + done, begin, end, columns);
 }
 
 void BilevelSums::runningSums() {
@@ -140,11 +170,7 @@ void BilevelSums::runningSums() {
         const auto end = static_cast<size_t>(run.end - firstColumn());
         std::fill(sums_.begin() + static_cast<ptrdiff_t>(at),
                   sums_.begin() + static_cast<ptrdiff_t>(begin) + 1, sum);
-        for (size_t byte = begin; byte < end; byte += 8) {
-            for (size_t i = 0; i < 8; ++i)
-                sums_[byte + i + 1] = sum + inByte_[byte + i];
-            sum += inByte_[byte + 7];
-        }
+        sum = appendColumns(inByte_.data() + begin, end - begin, sum, sums_.data() + begin + 1);
         at = end + 1;
     }
     std::fill(sums_.begin() + static_cast<ptrdiff_t>(at), sums_.end(), sum);

@@ -30,27 +30,12 @@ void BitTile::transpose() {
 }
 
 uint64_t loadBits(std::span<const uint8_t> row, size_t at) {
+    if (at + 8 <= row.size())
+        return loadWord(row.data() + at);
     uint64_t bits = 0;
-    if (at + 8 <= row.size()) {
-        const uint8_t* b = row.data() + at;
-        for (size_t i = 0; i < 8; ++i)
-            bits |= static_cast<uint64_t>(b[i]) << (56 - 8 * i);
-        return bits;
-    }
     for (size_t i = at; i < row.size(); ++i)
         bits |= static_cast<uint64_t>(row[i]) << (56 - 8 * (i - at));
     return bits;
-}
-
-void storeBits(std::span<uint8_t> row, size_t at, uint64_t bits) {
-    if (at + 8 <= row.size()) {
-        uint8_t* b = row.data() + at;
-        for (size_t i = 0; i < 8; ++i)
-            b[i] = static_cast<uint8_t>(bits >> (56 - 8 * i));
-        return;
-    }
-    for (size_t i = at; i < row.size(); ++i)
-        row[i] = static_cast<uint8_t>(bits >> (56 - 8 * (i - at)));
 }
 
 uint64_t reversedBits(uint64_t bits) {

@@ -83,25 +83,27 @@ struct Mapping {
     int64_t firstRow() const { return int64_t{clip.top} - destination.top; }
 };
 
-/// Calls put(pixel, channel, sum) for the pixels of one destination row from begin to end. `sums` counts
-/// from the source column `base`.
+/// Calls put(pixel, sums of the channels) for the pixels of one destination row from begin to end. `sums`
+/// counts from the source column `base`.
 template <size_t Channels, typename Sum, typename Put>
 void sumReduced(const Sum* sums, int32_t base, const ColumnMark* marks, size_t begin, size_t end,
                 const Put& put) {
     const auto sumAt = [=](const ColumnMark& edge, size_t channel) {
         const Sum* at = sums + static_cast<size_t>(edge.index - base) * Channels + channel;
         const Sum column = at[Channels] - at[0];
-        return static_cast<Sum>(at[0] + static_cast<Sum>((uint64_t{column} * edge.fraction) >> ColumnBits));
+        return static_cast<Sum>(at[0] + (column * edge.fraction >> ColumnBits));
     };
     std::array<Sum, Channels> left{};
     for (size_t c = 0; c < Channels; ++c)
         left[c] = sumAt(marks[begin], c);
     for (size_t x = begin; x < end; ++x) {
+        std::array<uint64_t, Channels> pixel{};
         for (size_t c = 0; c < Channels; ++c) {
             const Sum right = sumAt(marks[x + 1], c);
-            put(x, c, static_cast<Sum>(right - left[c]));
+            pixel[c] = static_cast<Sum>(right - left[c]);
             left[c] = right;
         }
+        put(x, pixel);
     }
 }
 
@@ -109,16 +111,14 @@ template <size_t Channels, typename Sum, typename Put>
 void sumEnlarged(const Sum* sums, int32_t base, const ColumnMark* marks, size_t begin, size_t end,
                  const Put& put) {
     for (size_t x = begin; x < end; ++x) {
+        std::array<uint64_t, Channels> pixel{};
         for (size_t c = 0; c < Channels; ++c) {
             const Sum* at = sums + static_cast<size_t>(marks[x].index - base) * Channels + c;
             const uint64_t column = static_cast<Sum>(at[Channels] - at[0]);
-            uint64_t sum = column << ColumnBits;
-            if (marks[x].fraction != ColumnOne) {
-                const uint64_t next = static_cast<Sum>(at[2 * Channels] - at[Channels]);
-                sum = column * marks[x].fraction + next * (ColumnOne - marks[x].fraction);
-            }
-            put(x, c, sum);
+            const uint64_t next = static_cast<Sum>(at[2 * Channels] - at[Channels]);
+            pixel[c] = column * marks[x].fraction + next * (ColumnOne - marks[x].fraction);
         }
+        put(x, pixel);
     }
 }
 
@@ -208,7 +208,7 @@ void drawBilevel(const Raster& raster, const PixelSurface& surface, const Mappin
             const size_t end = std::max(begin, inkedPixels.beyond(run.end));
             std::fill(out + done, out + begin, ink.palette[0]);
             sumPixels<1>(map.x, sums.sums(), sums.firstColumn(), marks.data(), begin, end,
-                         [&](size_t x, size_t, uint64_t sum) { out[x] = ink.palette[level(sum)]; });
+                         [&](size_t x, const auto& sum) { out[x] = ink.palette[level(sum[0])]; });
             done = end;
         }
         std::fill(out + done, out + map.clip.width, ink.palette[0]);
@@ -224,12 +224,12 @@ void drawTones(const Raster& raster, const PixelSurface& surface, const Mapping&
         sums.build(share);
         const LevelScale level(1, static_cast<double>(share.total()) * columnsCovered(map.x), 0.5);
         sumPixels<Channels>(map.x, sums.sums(), first, marks.data(), 0, static_cast<size_t>(map.clip.width),
-                            [&](size_t x, size_t channel, uint64_t sum) {
+                            [&](size_t x, const auto& sum) {
                                 if constexpr (Channels == 1)
-                                    out[x] = grayColour(level(sum));
+                                    out[x] = grayColour(level(sum[0]));
                                 else
-                                    out[x] = (channel == 0 ? 0xFF000000U : out[x]) |
-                                             level(sum) << (16 - 8 * channel);
+                                    out[x] = 0xFF000000U | level(sum[0]) << 16U | level(sum[1]) << 8U |
+                                             level(sum[2]);
                             });
     });
 }

@@ -12,28 +12,43 @@ namespace {
 
 /// Tiles a block is wide and high: rows of both pictures stay in the cache while a block is turned.
 constexpr int32_t BlockTiles = 8;
-constexpr int32_t ByteTile = 32;
+constexpr int32_t ByteTile = 64;
 
 int32_t tilesAcross(int32_t pixels) {
     return (pixels + BitTile::Side - 1) / BitTile::Side;
 }
 
-/// The 64 source columns from 64 * column on become 64 rows of the result; the source rows become its word
-/// `word`. Of the rows that the tile reaches beyond the picture nothing is read.
-void turnBitTile(const Raster& source, Raster& result, Turn turn, int32_t column, int32_t word) {
-    BitTile tile;
+/// Loads the 64 pixels from byte `at` on of 64 rows, from row `first` on in steps of `step`; rows beyond the
+/// picture are blank.
+void loadTile(const Raster& source, int32_t first, int32_t step, size_t at, BitTile& tile) {
+    const int32_t last = first + step * (BitTile::Side - 1);
+    if (std::min(first, last) >= 0 && std::max(first, last) < source.height && at + 8 <= source.stride) {
+        const uint8_t* from = source.row(first).data() + at;
+        const ptrdiff_t stride = step * static_cast<ptrdiff_t>(source.stride);
+        for (ptrdiff_t i = 0; i < BitTile::Side; ++i)
+            tile.rows[static_cast<size_t>(i)] = loadWord(from + i * stride);
+        return;
+    }
     for (int32_t i = 0; i < BitTile::Side; ++i) {
-        const int32_t across = word * BitTile::Side + i;
-        const int32_t y = turn == Turn::Right ? source.height - 1 - across : across;
-        tile.rows[static_cast<size_t>(i)] =
-            y >= 0 && y < source.height ? loadBits(source.row(y), static_cast<size_t>(column) * 8) : 0;
+        const int32_t y = first + step * i;
+        tile.rows[static_cast<size_t>(i)] = y >= 0 && y < source.height ? loadBits(source.row(y), at) : 0;
     }
+}
+
+/// The 64 source columns from 64 * column on become 64 rows of the result; 64 source rows become its word
+/// `word`.
+void turnBitTile(const Raster& source, Raster& result, Turn turn, int32_t column, int32_t word) {
+    const bool right = turn == Turn::Right;
+    const int32_t across = word * BitTile::Side;
+    const int32_t down = column * BitTile::Side;
+    BitTile tile;
+    loadTile(source, right ? source.height - 1 - across : across, right ? -1 : 1,
+             static_cast<size_t>(column) * 8, tile);
     tile.transpose();
-    const int32_t first = column * BitTile::Side;
-    for (int32_t i = 0; i < std::min(BitTile::Side, source.width - first); ++i) {
-        const int32_t y = turn == Turn::Right ? first + i : source.width - 1 - first - i;
-        storeBits(result.row(y), static_cast<size_t>(word) * 8, tile.rows[static_cast<size_t>(i)]);
-    }
+    uint8_t* to = result.row(right ? down : source.width - 1 - down).data() + static_cast<size_t>(word) * 8;
+    const ptrdiff_t stride = (right ? 1 : -1) * static_cast<ptrdiff_t>(result.stride);
+    for (ptrdiff_t i = 0; i < std::min(BitTile::Side, source.width - down); ++i)
+        storeWord(to + i * stride, tile.rows[static_cast<size_t>(i)]);
 }
 
 /// Calls visit(x, y) for every tile, block by block.
@@ -53,15 +68,16 @@ void quarterTurnBits(const Raster& source, Raster& result, Turn turn) {
 
 template <size_t PixelSize>
 void turnByteTile(const Raster& source, Raster& result, Turn turn, int32_t left, int32_t top) {
-    const int32_t right = std::min(source.width, left + ByteTile);
     const int32_t bottom = std::min(source.height, top + ByteTile);
-    for (int32_t x = left; x < right; ++x) {
-        uint8_t* out = result.row(turn == Turn::Right ? x : source.width - 1 - x).data();
-        for (int32_t y = top; y < bottom; ++y) {
-            const int32_t to = turn == Turn::Right ? source.height - 1 - y : y;
-            std::memcpy(out + static_cast<size_t>(to) * PixelSize,
-                        source.row(y).data() + static_cast<size_t>(x) * PixelSize, PixelSize);
-        }
+    // Down a column of the source, the pixels of a row of the result are written in rising order.
+    const int32_t first = turn == Turn::Right ? bottom - 1 : top;
+    const auto step = (turn == Turn::Right ? -1 : 1) * static_cast<ptrdiff_t>(source.stride);
+    const auto to = static_cast<size_t>(turn == Turn::Right ? source.height - bottom : top) * PixelSize;
+    for (int32_t x = left; x < std::min(source.width, left + ByteTile); ++x) {
+        const uint8_t* in = source.row(first).data() + static_cast<size_t>(x) * PixelSize;
+        uint8_t* out = result.row(turn == Turn::Right ? x : source.width - 1 - x).data() + to;
+        for (ptrdiff_t i = 0; i < bottom - top; ++i)
+            std::memcpy(out + i * static_cast<ptrdiff_t>(PixelSize), in + i * step, PixelSize);
     }
 }
 
@@ -80,7 +96,7 @@ void halfTurnBits(std::span<const uint8_t> row, int32_t width, std::span<uint8_t
     uint64_t word = reversedBits(loadBits(row, (words - 1) * 8));
     for (size_t i = 0; i < words; ++i) {
         const uint64_t next = i + 1 < words ? reversedBits(loadBits(row, (words - 2 - i) * 8)) : 0;
-        storeBits(out, i * 8, spare == 0 ? word : word << spare | next >> (64 - spare));
+        storeWord(out.data() + i * 8, spare == 0 ? word : word << spare | next >> (64 - spare));
         word = next;
     }
 }

@@ -1,6 +1,7 @@
 #include "core/imaging/tonesums.h"
 
 #include <algorithm>
+#include <array>
 
 namespace pixmo {
 
@@ -8,6 +9,14 @@ namespace {
 
 /// Rows of bytes that 16 bits can add up.
 constexpr int32_t RowsAtOnce = 256;
+
+template <size_t Channels>
+void appendSums(const uint32_t* values, size_t count, uint64_t* sums) {
+    std::array<uint64_t, Channels> sum{};
+    for (size_t i = 0; i < count; i += Channels)
+        for (size_t c = 0; c < Channels; ++c)
+            sums[i + Channels + c] = sum[c] += values[i + c];
+}
 
 } // namespace
 
@@ -50,15 +59,12 @@ void ToneSums::addFullRows(int32_t begin, int32_t end, uint32_t weight) {
 }
 
 void ToneSums::runningSums() {
+    const uint32_t* values = values_.data();
     Sum* sums = sums_.data();
-    if (channels_ == 1) {
-        Sum sum = 0;
-        for (size_t i = 0; i < samples_; ++i)
-            sums[i + 1] = sum += values_[i];
-    } else {
-        for (size_t i = 0; i < samples_; ++i)
-            sums[i + 3] = sums[i] + values_[i];
-    }
+    if (channels_ == 1)
+        appendSums<1>(values, samples_, sums);
+    else
+        appendSums<3>(values, samples_, sums);
     std::copy_n(sums + samples_, channels_, sums + samples_ + channels_);
 }
 
