@@ -164,15 +164,15 @@ TEST(Resize, GrayScaleIsOffUntilTheSizeStays) {
     auto& view = control.view->lvrImage();
     control.view->UserControl_Resize();
     control.view->UserControl_Resize();
-    EXPECT_FALSE(view.grayScale());
+    EXPECT_FALSE(view.GrayScale());
     EXPECT_FALSE(control.view->isIdle());
     control.timers->fireRunning();
-    EXPECT_TRUE(view.grayScale());
+    EXPECT_TRUE(view.GrayScale());
     EXPECT_TRUE(control.view->isIdle());
     view.setGrayScale(false);
     control.view->UserControl_Resize();
     control.timers->fireRunning();
-    EXPECT_FALSE(view.grayScale());
+    EXPECT_FALSE(view.GrayScale());
 }
 
 TEST(Layout, ChildrenShareTheControl) {

@@ -73,7 +73,7 @@ TEST_F(Session, LoadsADocument) {
     control.view->LoadDocumentByDocID(5, 3);
     EXPECT_THAT(started(), ElementsAre("IC", control.tag("PC", 5), control.tag("GP", 5, 3)));
     EXPECT_EQ(control.view->viewNotice(), "Loading page 3\u2026");
-    EXPECT_EQ(control.view->mousePointer(), 13);
+    EXPECT_EQ(control.viewSurface->shownPointer, 13);
     EXPECT_TRUE(control.view->tlbImage().find("CANCEL")->Enabled);
     control.reader->finish(control.tag("PC", 5), control.encipher("PC\u00B7OK\u00B7"
                                                                   "12"));
@@ -81,7 +81,7 @@ TEST_F(Session, LoadsADocument) {
     EXPECT_TRUE(control.view->isPageDisplayed());
     EXPECT_EQ(control.view->viewNotice(), "");
     EXPECT_EQ(control.view->txtPage(), "Page 3 of 12");
-    EXPECT_EQ(control.view->mousePointer(), 0);
+    EXPECT_EQ(control.viewSurface->shownPointer, 0);
     EXPECT_FALSE(control.view->tlbImage().find("CANCEL")->Enabled);
     EXPECT_EQ(std::get<std::string>(control.view->property("PrintFee")), "2 $");
     EXPECT_EQ(pages, (Pages{{0, 0}, {5, 3}}));
