@@ -137,6 +137,10 @@ void RasterView::scrollBy(int32_t dx, int32_t dy) {
     scrollTo(moved(horizontalBar(), dx), moved(verticalBar(), dy));
 }
 
+void RasterView::goTo(const ViewPlace& place) {
+    change([&] { geometry_.goTo(place); });
+}
+
 ViewRectangles RasterView::rectangles() const {
     return {wholePicture(raster_), geometry_.visibleSource(), real(geometry_.destination()),
             real(geometry_.visibleDestination())};

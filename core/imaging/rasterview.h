@@ -73,6 +73,10 @@ public:
     ScrollBar horizontalBar() const { return geometry_.horizontalBar(); }
     ScrollBar verticalBar() const { return geometry_.verticalBar(); }
 
+    /// Size mode, zoom and scroll position, for coming back to a picture.
+    ViewPlace place() const { return geometry_.keptPlace(); }
+    void goTo(const ViewPlace& place);
+
     ViewRectangles rectangles() const;
     /// Goes back to a place that rectangles() named, as far as view and picture still allow.
     void setRectangles(const ViewRectangles& rectangles);
