@@ -29,7 +29,7 @@ void mirrorBits(std::span<uint8_t> row, size_t width) {
     const size_t unused = bytes * 8 - width;
     for (size_t i = 0; unused > 0 && i < bytes; ++i) {
         const uint32_t next = i + 1 < bytes ? row[i + 1] : 0U;
-        row[i] = static_cast<uint8_t>(row[i] << unused | next >> (8 - unused));
+        row[i] = static_cast<uint8_t>(uint32_t{row[i]} << unused | next >> (8 - unused));
     }
 }
 

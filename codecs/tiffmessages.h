@@ -14,9 +14,10 @@ namespace pixmo {
 class TiffMessages {
 public:
     /// Handlers for TIFFOpenOptions; `self` is the TiffMessages. Both silence the library.
-    static int onError(TIFF*, void* self, const char* module, const char* format, va_list arguments) noexcept;
-    static int onWarning(TIFF*, void* self, const char* module, const char* format,
-                         va_list arguments) noexcept;
+    [[gnu::format(printf, 4, 0)]] static int onError(TIFF*, void* self, const char* module,
+                                                     const char* format, va_list arguments) noexcept;
+    [[gnu::format(printf, 4, 0)]] static int onWarning(TIFF*, void* self, const char* module,
+                                                       const char* format, va_list arguments) noexcept;
 
     /// Forgets everything: the next block of pixels begins.
     void clear();
@@ -33,7 +34,8 @@ public:
     bool areRowsWhole(uint32_t rows) const;
 
 private:
-    void note(const char* module, const char* format, va_list arguments, bool isError);
+    [[gnu::format(printf, 3, 0)]] void note(const char* module, const char* format, va_list arguments,
+                                            bool isError);
 
     std::string text_;
     bool failed_ = false;

@@ -22,10 +22,11 @@ Palette readColourMap(const TiffFile& file, uint16_t bits) {
     const auto isDeep = [count](const uint16_t* levels) {
         return std::any_of(levels, levels + count, [](uint16_t level) { return level > 255; });
     };
-    const int shift = isDeep(red) || isDeep(green) || isDeep(blue) ? 8 : 0;
+    const uint32_t shift = isDeep(red) || isDeep(green) || isDeep(blue) ? 8 : 0;
+    const auto level = [shift](uint32_t stored) { return stored >> shift & 255; };
     std::vector<uint32_t> colours(count);
     for (size_t i = 0; i < count; ++i)
-        colours[i] = packRgb(red[i] >> shift & 255U, green[i] >> shift & 255U, blue[i] >> shift & 255U);
+        colours[i] = packRgb(level(red[i]), level(green[i]), level(blue[i]));
     return {colours, bits};
 }
 

@@ -20,12 +20,12 @@ inline uint32_t colourAt(const Raster& raster, uint32_t x, uint32_t y) {
     const auto row = raster.row(static_cast<int32_t>(y));
     switch (raster.format) {
     case PixelFormat::Bilevel:
-        return raster.bilevelColours[row[x / 8] >> (7 - x % 8) & 1U];
+        return raster.bilevelColours[uint32_t{row[x / 8]} >> (7 - x % 8) & 1U];
     case PixelFormat::Gray:
-        return row[x] * 0x010101U;
+        return uint32_t{row[x]} * 0x010101U;
     default:
-        return static_cast<uint32_t>(row[size_t{x} * 3] << 16 | row[size_t{x} * 3 + 1] << 8 |
-                                     row[size_t{x} * 3 + 2]);
+        return uint32_t{row[size_t{x} * 3]} << 16 | uint32_t{row[size_t{x} * 3 + 1]} << 8 |
+               uint32_t{row[size_t{x} * 3 + 2]};
     }
 }
 

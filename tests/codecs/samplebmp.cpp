@@ -10,9 +10,9 @@ namespace {
 
 constexpr uint32_t BitFields = 3;
 
-void append(std::vector<uint8_t>& bytes, uint32_t value, int length) {
-    for (int i = 0; i < length; ++i)
-        bytes.push_back(static_cast<uint8_t>(value >> (8 * i)));
+void append(std::vector<uint8_t>& bytes, uint32_t value, size_t length) {
+    for (size_t i = 0; i < length; ++i)
+        bytes.push_back(i < 4 ? static_cast<uint8_t>(value >> (8 * i)) : uint8_t{0});
 }
 
 void appendPixel(std::vector<uint8_t>& row, const BmpSpec& spec, uint32_t x, uint32_t y) {
@@ -51,7 +51,7 @@ std::vector<uint8_t> packRow(const BmpSpec& spec, uint32_t y) {
 
 void appendHeader(std::vector<uint8_t>& bytes, const BmpSpec& spec) {
     append(bytes, spec.headerSize, 4);
-    const int side = spec.headerSize == 12 ? 2 : 4;
+    const size_t side = spec.headerSize == 12 ? 2 : 4;
     append(bytes, spec.width, side);
     append(bytes, spec.topDown ? 0U - spec.height : spec.height, side);
     append(bytes, 1, 2);
