@@ -204,11 +204,11 @@ void ImageView::UserControl_KeyUp(int16_t& keyCode, int16_t& shift) {
 
 void ImageView::UserControl_Resize() {
     parts_.procedure("UserControl_Resize")
-        .step([this] { parts_.lvrImage.viewportResized(); })
+        .step([this] { parts_.lvrImage.resize(); })
         .step([this] {
             if (savedGrayScale_ != NoGrayScaleSaved)
                 return;
-            savedGrayScale_ = parts_.lvrImage.grayScale() ? 1 : 0;
+            savedGrayScale_ = parts_.lvrImage.GrayScale() ? 1 : 0;
             parts_.lvrImage.setGrayScale(false);
         })
         .step([this] {
@@ -258,7 +258,7 @@ void ImageView::letProperty(const PropertyRow& row, const PropertyValue& value) 
 
 void ImageView::Refresh() {
     parts_.procedure("Refresh").step([this] {
-        parts_.lvrImage.repaint();
+        parts_.ports.viewSurface->repaint();
         UpdateUI();
     });
 }

@@ -92,7 +92,7 @@ int32_t cLeadImageFunctions::imgPan(ToolButton* button) {
     return errorObject_.attempt("cLeadImageFunctions.imgPan", [&] {
         if (button)
             button->Pressed = true;
-        imageWindow_.setDragMode(true);
+        imageWindow_.dragMode = true;
     });
 }
 

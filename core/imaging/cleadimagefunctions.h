@@ -46,7 +46,7 @@ public:
     /// The mouse drags the picture; the button given, if any, is pressed.
     int32_t imgPan(ToolButton* button);
 
-    bool GrayScale() const { return imageWindow_.grayScale(); }
+    bool GrayScale() const { return imageWindow_.GrayScale(); }
     void setGrayScale(bool on) { imageWindow_.setGrayScale(on); }
 
 private:

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+namespace pixmo {
+
+/// 64 by 64 one-bit pixels; the most significant bit of a row is leftmost.
+struct BitTile {
+    static constexpr int32_t Side = 64;
+
+    std::array<uint64_t, 64> rows;
+
+    /// Rows become columns.
+    void transpose();
+};
+
+/// Eight bytes as they lie in memory, the first one in front.
+inline uint64_t loadWord(const uint8_t* b) {
+    return uint64_t{b[0]} << 56U | uint64_t{b[1]} << 48U | uint64_t{b[2]} << 40U | uint64_t{b[3]} << 32U |
+           uint64_t{b[4]} << 24U | uint64_t{b[5]} << 16U | uint64_t{b[6]} << 8U | uint64_t{b[7]};
+}
+
+inline void storeWord(uint8_t* b, uint64_t bits) {
+    for (size_t i = 0; i < 8; ++i)
+        b[i] = static_cast<uint8_t>(bits >> (56 - 8 * i));
+}
+
+/// The 64 pixels from byte `at` of a row on, 0 beyond its end.
+uint64_t loadBits(std::span<const uint8_t> row, size_t at);
+
+uint64_t reversedBits(uint64_t bits);
+
+} // namespace pixmo
