@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# check-files.sh BUILD : the rules that every file of the house keeps. Names each file that breaks one.
+# BUILD is the folder for the objects of the header check; CXX names the compiler.
+set -uo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+objects=$1/headers
+cd "$root" || exit 1
+rooms=(core codecs faces apps tests bench fuzz)
+status=0
+
+bad() {
+    echo "$*" >&2
+    status=1
+}
+
+# A file that grows past 600 lines holds more than one thing.
+checkLengths() {
+    local file lines
+    while IFS= read -r -d '' file; do
+        lines=$(wc -l <"$file")
+        [ "$lines" -le 600 ] || bad "$file: $lines lines, more than 600"
+    done < <(find "${rooms[@]}" cmake samples run test .ci -type f \
+        \( -name '*.cpp' -o -name '*.h' -o -name '*.cmake' -o -name CMakeLists.txt -o -name '*.sh' -o -name '*.py' \
+        -o -name run -o -name test \) -print0)
+}
+
+checkScripts() {
+    local file
+    while IFS= read -r file; do
+        [ -x "$file" ] || bad "$file: a script that is not executable"
+    done < <(grep -rlI --include='*.sh' --include='*.py' --include=run --include=test '\A#!' -P -z \
+        "${rooms[@]}" cmake samples run test .ci)
+}
+
+# Each header compiles alone: it includes what it uses. As an object, so that the compiler cache serves it.
+# The control library's headers need its own system and are left to its own build.
+checkHeaders() {
+    local compile=("${CXX:-g++}" -std=c++20 -fPIC -w "-I$root") without=(faces/com) header flags
+    command -v ccache >/dev/null && compile=(ccache "${compile[@]}")
+    if flags=$(pkg-config --cflags Qt6Widgets Qt6Network Qt6PrintSupport Qt6Svg Qt6Test 2>/dev/null); then
+        read -r -a flags <<<"$flags"
+        compile+=("${flags[@]}")
+    else
+        without+=(faces/qt apps/pixmo tests/qt)
+    fi
+    rm -rf "$objects"
+    mkdir -p "$objects"
+    while IFS= read -r header; do
+        echo "#include \"$header\"" >"$objects/${header//\//_}.cpp"
+    done < <(find "${rooms[@]}" -name '*.h' | grep -v "${without[@]/#/-e^}")
+    (cd "$objects" && printf '%s\0' *.cpp | xargs -0 -P "$(nproc)" -I{} "${compile[@]}" -c {} -o {}.o) ||
+        bad "a header does not compile alone"
+}
+
+checkLengths
+checkScripts
+cmake -P cmake/PixmoChecks.cmake || status=1
+checkHeaders
+exit "$status"

@@ -1,0 +1,24 @@
+# shellcheck shell=bash
+# What the commands of the repository's root share; to be sourced after `root` is set.
+
+say() { echo "== $*"; }
+
+fail() {
+    echo "$(basename "$0"): $*" >&2
+    exit 1
+}
+
+# One object serves every build folder: without this the folder's own name would enter the cache's key.
+export CCACHE_NOHASHDIR=1
+if [ ! -w "${HOME:-/nonexistent}" ]; then
+    export CCACHE_DIR=${root:?}/build/ccache
+fi
+
+# buildPreset PRESET [TARGET...] : configures the preset and builds it, or only these targets.
+buildPreset() {
+    local preset=$1
+    shift
+    say "building ($preset)"
+    cmake --preset "$preset" -S "$root" --log-level=WARNING >/dev/null || fail "cannot configure preset $preset"
+    cmake --build "$root/build/$preset" --parallel "$(nproc)" ${1:+--target "$@"} || fail "preset $preset does not build"
+}
