@@ -1,5 +1,6 @@
 #include "faces/qt/identity.h"
 
+#include <QString>
 #include <QSysInfo>
 #include <QtGlobal>
 #include <array>
