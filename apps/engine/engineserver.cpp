@@ -20,7 +20,8 @@ std::string_view queryOf(std::string_view target) {
     return mark == std::string_view::npos ? std::string_view() : target.substr(mark + 1);
 }
 
-void fill(httplib::Response& response, const Answer& answer, std::shared_ptr<const AnswerSender> sender) {
+void fill(httplib::Response& response, const Answer& answer,
+          const std::shared_ptr<const AnswerSender>& sender) {
     response.status = answer.httpStatus;
     response.set_header("Cache-Control", "no-store");
     for (const auto& [name, value] : answer.headers)

@@ -148,6 +148,8 @@ void copyAllTags(TIFF* from, TIFF* to, uint16_t compression) {
 bool copyData(TIFF* from, TIFF* to, uint64_t fileSize) {
     const bool tiled = TIFFIsTiled(from) != 0;
     const uint32_t pieces = tiled ? TIFFNumberOfTiles(from) : TIFFNumberOfStrips(from);
+    if (pieces > fileSize)
+        return false;
     std::vector<uint8_t> piece;
     for (uint32_t index = 0; index < pieces; ++index) {
         const uint64_t length = TIFFGetStrileByteCount(from, index);

@@ -28,6 +28,7 @@ constexpr CodePage Windows1252 = makeWindows1252();
 struct AnsiTables {
     CodePage characters = Windows1252;
     std::unordered_map<char32_t, unsigned char> codes;
+    bool keepsAscii = true; ///< whether the first 128 codes stand for themselves, as in all but odd pages
 
     AnsiTables() { index(); }
 
@@ -35,6 +36,17 @@ struct AnsiTables {
         codes.clear();
         for (size_t code = 0; code < characters.size(); ++code)
             codes.emplace(characters[code], static_cast<unsigned char>(code));
+        keepsAscii = true;
+        for (char32_t code = 0; code < 0x80; ++code)
+            keepsAscii = keepsAscii && characters[code] == code;
+    }
+
+    /// How many bytes from `at` on are the same in UTF-8 and in the code page.
+    size_t plainBytes(std::string_view text, size_t at) const {
+        size_t end = at;
+        while (keepsAscii && end < text.size() && static_cast<unsigned char>(text[end]) < 0x80)
+            ++end;
+        return end - at;
     }
 };
 
@@ -55,10 +67,16 @@ void setAnsiCodePage(const CodePage& page) {
 }
 
 std::string toAnsi(std::string_view utf8) {
-    const auto& codes = tables().codes;
+    const AnsiTables& page = tables();
+    const auto& codes = page.codes;
     std::string bytes;
     bytes.reserve(utf8.size());
     for (size_t at = 0; at < utf8.size();) {
+        if (const size_t plain = page.plainBytes(utf8, at); plain > 0) {
+            bytes.append(utf8, at, plain);
+            at += plain;
+            continue;
+        }
         const char32_t character = nextCharacter(utf8, at);
         const auto found = codes.find(character);
         bytes.push_back(found == codes.end() ? '?' : static_cast<char>(found->second));
@@ -67,11 +85,16 @@ std::string toAnsi(std::string_view utf8) {
 }
 
 std::string fromAnsi(std::string_view bytes) {
-    const auto& characters = tables().characters;
+    const AnsiTables& page = tables();
     std::string utf8;
     utf8.reserve(bytes.size());
-    for (const char byte : bytes)
-        appendCharacter(utf8, characters[static_cast<unsigned char>(byte)]);
+    for (size_t at = 0; at < bytes.size(); ++at) {
+        const size_t plain = page.plainBytes(bytes, at);
+        utf8.append(bytes, at, plain);
+        at += plain;
+        if (at < bytes.size())
+            appendCharacter(utf8, page.characters[static_cast<unsigned char>(bytes[at])]);
+    }
     return utf8;
 }
 

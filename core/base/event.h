@@ -29,6 +29,8 @@ public:
             sweep(*handlers_);
     }
 
+    bool hasHandlers() const { return !handlers_->empty(); }
+
     void raise(Args... args) const {
         const auto handlers = handlers_;
         const auto depth = depth_;

@@ -15,9 +15,9 @@ ControlParts::ControlParts(ControlPorts controlPorts)
     scope->messageBox = ports.messageBox.get();
 }
 
-void ControlParts::showHourglass() {
-    mousePointer = mouse_pointer::ArrowHourglass;
-    lvrImage.setPointer(mouse_pointer::ArrowHourglass);
+void ControlParts::showPointer(Pointer pointer) {
+    mousePointer = pointer;
+    lvrImage.setPointer(static_cast<int32_t>(pointer));
 }
 
 cClientHandlers::Sender ControlParts::sender() const {

@@ -18,12 +18,6 @@
 
 namespace pixmo {
 
-/// Mouse pointers of the control and its view, by their code.
-namespace mouse_pointer {
-inline constexpr int32_t Default = 0;
-inline constexpr int32_t ArrowHourglass = 13;
-} // namespace mouse_pointer
-
 /// The window that lists the pages, as far as the session knows it.
 class ThumbnailWindow {
 public:
@@ -50,7 +44,7 @@ struct ControlParts {
     TransferProgress progress;
     ControlEvents events;
     ThumbnailWindow* fThumbNails = nullptr;
-    int32_t mousePointer = mouse_pointer::Default;
+    Pointer mousePointer = Pointer::Default;
     bool inIDE = cUtilities::InIDE(); ///< whether failed transfers are shown to a developer
     std::function<void()> updateUI;
 
@@ -60,7 +54,7 @@ struct ControlParts {
     bool ended() const { return scope->ended; }
     /// A progress or detail line.
     void logLine(const std::string& text) { log.LogEvent(text, log_level::Information); }
-    void showHourglass();
+    void showPointer(Pointer pointer);
     cClientHandlers::Sender sender() const;
 };
 

@@ -258,7 +258,7 @@ void ImageView::letProperty(const PropertyRow& row, const PropertyValue& value) 
 
 void ImageView::Refresh() {
     parts_.procedure("Refresh").step([this] {
-        parts_.ports.viewSurface->repaint();
+        parts_.lvrImage.repaint();
         UpdateUI();
     });
 }

@@ -81,7 +81,7 @@ public:
     const Toolbar& tlbImage() const { return commandBar_.tlbImage(); }
     const MenuChecks& menuChecks() const { return checks_; }
     const DebugTrace& txtDebug() const { return debug_; }
-    int32_t mousePointer() const { return parts_.mousePointer; }
+    Pointer mousePointer() const { return parts_.mousePointer; }
     /// "Page 3 of 12"
     std::string txtPage() const;
     /// What goes on now, for the status line; "" when nothing does.

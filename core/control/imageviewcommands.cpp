@@ -1,6 +1,7 @@
 #include "core/control/imageview.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 // What the user sees and does: the toolbar, the keyboard, the read-out and the status line.
@@ -19,7 +20,7 @@ constexpr int16_t Right = 0x27;
 constexpr int16_t Down = 0x28;
 } // namespace key
 
-constexpr int32_t ScrollStep = 30;
+constexpr double ScrollStep = 30; ///< device-independent pixels
 
 std::string kilobytes(int32_t bytes) {
     return std::to_string((bytes + 512) / 1024) + " KB";
@@ -55,8 +56,7 @@ CommandFacts ImageView::commandFacts() const {
 void ImageView::UpdateUI() {
     parts_.procedure("UpdateUI").step([this] {
         const CommandFacts facts = commandFacts();
-        parts_.mousePointer = facts.transferPending ? mouse_pointer::ArrowHourglass : mouse_pointer::Default;
-        parts_.lvrImage.setPointer(parts_.mousePointer);
+        parts_.showPointer(facts.transferPending ? Pointer::ArrowHourglass : Pointer::Default);
         commandBar_.refresh(facts);
         InterfaceChanged.raise();
     });
@@ -96,14 +96,16 @@ void ImageView::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
     parts_.procedure("lvwImage_KeyDown").step([&] {
         if (shift != 0)
             return;
+        const auto step =
+            static_cast<int32_t>(std::lround(ScrollStep * parts_.ports.viewSurface->devicePixelRatio()));
         if (keyCode == key::Up)
-            parts_.lvrImage.scrollBy(0, -ScrollStep);
+            parts_.lvrImage.scrollBy(0, -step);
         else if (keyCode == key::Down)
-            parts_.lvrImage.scrollBy(0, ScrollStep);
+            parts_.lvrImage.scrollBy(0, step);
         else if (keyCode == key::Left)
-            parts_.lvrImage.scrollBy(-ScrollStep, 0);
+            parts_.lvrImage.scrollBy(-step, 0);
         else if (keyCode == key::Right)
-            parts_.lvrImage.scrollBy(ScrollStep, 0);
+            parts_.lvrImage.scrollBy(step, 0);
         else if (keyCode == key::PageUp)
             tlbImage_ButtonClick("PAGEPREV");
         else if (keyCode == key::PageDown)

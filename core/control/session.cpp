@@ -181,7 +181,7 @@ void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
 
 void Session::FetchWithDelay(int16_t page) {
     parts_.procedure("FetchWithDelay").step([&] {
-        parts_.showHourglass();
+        parts_.showPointer(Pointer::ArrowHourglass);
         tmrDelay_->stop();
         delayedPage_ = page;
         tmrDelay_->start();

@@ -25,7 +25,7 @@ std::filesystem::path Transfers::nextPageFile() {
 
 void Transfers::start(const std::string& target, const std::string& tag, AsyncType type, TagIsAdded order) {
     auto& pending = parts_.session.pending;
-    parts_.showHourglass();
+    parts_.showPointer(Pointer::ArrowHourglass);
     const auto addTag = [&] {
         if (!pending.contains(tag))
             pending.Add(tag, tag);

@@ -46,6 +46,8 @@ ApplicationLog& ApplicationLog::instance() {
 void ApplicationLog::StartLogging(const std::string& path, int32_t mode) {
     if (path != path_ || mode != mode_)
         file_.reset();
+    if (path != path_)
+        torn_ = false;
     path_ = path;
     mode_ = mode;
 }

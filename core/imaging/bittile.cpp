@@ -1,5 +1,7 @@
 #include "core/imaging/bittile.h"
 
+#include "core/base/words.h"
+
 #include <algorithm>
 
 namespace pixmo {

@@ -84,18 +84,6 @@ int32_t cLeadImageFunctions::imgDisplayEncryptedPage(const std::filesystem::path
     return status != 0 ? status : imgDisplayEncryptedPageArray(array, encBytes);
 }
 
-int32_t cLeadImageFunctions::imgFitWidth() {
-    return errorObject_.attempt("cLeadImageFunctions..imgFitWidth", [&] { imageWindow_.fitWidth(); });
-}
-
-int32_t cLeadImageFunctions::imgPan(ToolButton* button) {
-    return errorObject_.attempt("cLeadImageFunctions.imgPan", [&] {
-        if (button)
-            button->Pressed = true;
-        imageWindow_.dragMode = true;
-    });
-}
-
 int32_t cLeadImageFunctions::imgClear() {
     return errorObject_.attempt("cLeadImageFunctions.imgClear", [&] { imageWindow_.clear(); });
 }

@@ -5,9 +5,11 @@
 #include "core/imaging/pagedecoder.h"
 #include "core/imaging/rasterview.h"
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace pixmo {
@@ -42,10 +44,32 @@ public:
     bool imgDisplayed() const { return imageWindow_.hasPicture(); }
     int32_t imgClear();
 
+    /// A tenth more or less of the present zoom; out only while it is above 10 percent.
+    int32_t imgZoomIn();
+    int32_t imgZoomOut();
     int32_t imgFitWidth();
-    /// The mouse drags the picture; the button given, if any, is pressed.
+    int32_t imgFitBest();
+    int32_t imgFitHeight();
+    int32_t imgRotateRight();
+    int32_t imgRotateLeft();
+
+    /// The mouse draws rubber bands, or drags the picture; the button given, if any, is pressed.
+    int32_t imgSelection(ToolButton* button);
     int32_t imgPan(ToolButton* button);
 
+    /// Under a name that is saved already, the view replaces the one before.
+    int32_t SaveCurrentView(const std::string& name);
+    int32_t RestoreSavedView(const std::string& name);
+    int32_t ResetSavedViews();
+
+    /// A drag begins and ends. Without an icon of the host's the pointer shows what the drag does.
+    int32_t EventHandler_MouseDown(bool pan, bool select, bool hasMouseIcon);
+    int32_t EventHandler_MouseUp(bool pan, bool select);
+    /// Zooms to the rectangle that the user drew, with one repaint.
+    int32_t EventHandler_RubberBand();
+
+    bool FastPanning() const { return imageWindow_.FastPanning; }
+    void setFastPanning(bool on) { imageWindow_.FastPanning = on; }
     bool GrayScale() const { return imageWindow_.GrayScale(); }
     void setGrayScale(bool on) { imageWindow_.setGrayScale(on); }
 
@@ -53,6 +77,15 @@ private:
     cErrObject& errorObject_;
     RasterView& imageWindow_;
     const PageDecoder& decoder_;
+
+    /// Sixteen coordinates in whole numbers: destination and its clip, then source and its clip.
+    struct SavedView {
+        std::string name;
+        std::array<int32_t, 16> coordinates{};
+    };
+    std::vector<SavedView> savedViews_;
+    bool savedGrayScale_ = false; ///< while a fast drag goes on
+    bool dragIsFast_ = false;
 };
 
 } // namespace pixmo

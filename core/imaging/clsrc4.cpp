@@ -6,7 +6,7 @@
 #include "core/base/text.h"
 
 #include <algorithm>
-#include <utility>
+#include <array>
 #include <vector>
 
 namespace pixmo {
@@ -19,13 +19,29 @@ std::span<uint8_t> bytesOf(std::string& text) {
     return {reinterpret_cast<uint8_t*>(text.data()), text.size()};
 }
 
-/// -1 for a character that is no hexadecimal digit.
+/// The value of every hexadecimal digit, -1 for other characters.
+constexpr std::array<int8_t, 256> hexDigits() {
+    std::array<int8_t, 256> values{};
+    values.fill(-1);
+    for (uint8_t i = 0; i < 10; ++i)
+        values['0' + i] = static_cast<int8_t>(i);
+    for (uint8_t i = 0; i < 6; ++i)
+        values['A' + i] = values['a' + i] = static_cast<int8_t>(10 + i);
+    return values;
+}
+constexpr std::array<int8_t, 256> HexDigits = hexDigits();
+
+constexpr std::array<std::array<char, 2>, 256> hexPairs() {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::array<std::array<char, 2>, 256> pairs{};
+    for (size_t byte = 0; byte < pairs.size(); ++byte)
+        pairs[byte] = {digits[byte >> 4U], digits[byte & 0xFU]};
+    return pairs;
+}
+constexpr std::array<std::array<char, 2>, 256> HexPairs = hexPairs();
+
 int hexDigit(char c) {
-    if (c >= '0' && c <= '9')
-        return c - '0';
-    if (c >= 'A' && c <= 'F')
-        return c - 'A' + 10;
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+    return HexDigits[static_cast<unsigned char>(c)];
 }
 
 /// Tells when the next `Progress` is due: about once a percent, whatever the length.
@@ -50,36 +66,6 @@ private:
     int32_t last_ = -1;
 };
 
-/// The position in the keystream. 32-bit cells spare the inner loop every narrowing.
-class Keystream {
-public:
-    explicit Keystream(const std::array<int16_t, 256>& schedule) {
-        for (size_t i = 0; i < schedule.size(); ++i)
-            state_[i] = static_cast<uint32_t>(schedule[i]);
-    }
-
-    void apply(std::span<uint8_t> bytes) {
-        uint32_t i = i_;
-        uint32_t j = j_;
-        for (uint8_t& byte : bytes) {
-            i = (i + 1) & 0xFFU;
-            const uint32_t a = state_[i];
-            j = (j + a) & 0xFFU;
-            const uint32_t b = state_[j];
-            state_[i] = b;
-            state_[j] = a;
-            byte = static_cast<uint8_t>(byte ^ state_[(a + b) & 0xFFU]);
-        }
-        i_ = i;
-        j_ = j;
-    }
-
-private:
-    std::array<uint32_t, 256> state_{};
-    uint32_t i_ = 0;
-    uint32_t j_ = 0;
-};
-
 } // namespace
 
 void clsRC4::setKey(std::string_view key) {
@@ -88,21 +74,17 @@ void clsRC4::setKey(std::string_view key) {
     key_ = key;
     if (key_.empty())
         throw divisionByZeroError();
-    const std::string keyBytes = toAnsi(key_);
-    for (size_t i = 0; i < schedule_.size(); ++i)
-        schedule_[i] = static_cast<int16_t>(i);
-    size_t j = 0;
-    for (size_t i = 0; i < schedule_.size(); ++i) {
-        const auto keyByte = static_cast<unsigned char>(keyBytes[i % keyBytes.size()]);
-        j = (j + static_cast<size_t>(schedule_[i]) + keyByte) & 0xFFU;
-        std::swap(schedule_[i], schedule_[j]);
-    }
+    keyed_ = RC4Keystream(toAnsi(key_));
 }
 
 void clsRC4::EncryptByte(std::span<uint8_t> bytes, std::string_view key) {
     if (!key.empty())
         setKey(key);
-    Keystream keystream(schedule_);
+    RC4Keystream keystream = keyed_;
+    if (!Progress.hasHandlers()) {
+        keystream.apply(bytes);
+        return;
+    }
     ProgressThreshold threshold(bytes.size());
     for (size_t done = 0; done < bytes.size();) {
         if (done == threshold.next())
@@ -141,25 +123,24 @@ bool clsRC4::EncryptFile(const fs::path& source, const fs::path& destination, bo
 }
 
 std::string clsRC4::EnHex(std::string_view text) const {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     const std::string bytes = toAnsi(text);
     std::string hex(bytes.size() * 2, '0');
-    for (size_t i = 0; i < bytes.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        hex[2 * i] = digits[byte >> 4U];
-        hex[2 * i + 1] = digits[byte & 0xFU];
+    char* out = hex.data();
+    for (const char byte : bytes) {
+        const auto& pair = HexPairs[static_cast<unsigned char>(byte)];
+        *out++ = pair[0];
+        *out++ = pair[1];
     }
     return hex;
 }
 
 std::string clsRC4::DeHex(std::string_view hex) const {
-    std::string bytes;
-    bytes.reserve((hex.size() + 1) / 2);
-    for (size_t i = 0; i < hex.size(); i += 2) {
-        const int high = hexDigit(hex[i]);
-        const int low = i + 1 < hex.size() ? hexDigit(hex[i + 1]) : -1;
+    std::string bytes((hex.size() + 1) / 2, '\0');
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        const int high = hexDigit(hex[2 * i]);
+        const int low = 2 * i + 1 < hex.size() ? hexDigit(hex[2 * i + 1]) : -1;
         const int value = high < 0 ? 0 : low < 0 ? high : high * 16 + low;
-        bytes.push_back(static_cast<char>(value));
+        bytes[i] = static_cast<char>(value);
     }
     return fromAnsi(bytes);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/base/event.h"
+#include "core/imaging/rc4keystream.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -49,7 +49,7 @@ public:
 
 private:
     std::string key_;
-    std::array<int16_t, 256> schedule_{};
+    RC4Keystream keyed_; ///< in the state that every call starts from
 };
 
 } // namespace pixmo

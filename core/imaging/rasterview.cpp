@@ -44,7 +44,7 @@ void RasterView::change(const Change& change) {
     change();
     if (geometry_ == before)
         return;
-    needRepaint();
+    repaint();
     Changed.raise();
 }
 
@@ -52,7 +52,7 @@ void RasterView::setRaster(Raster raster) {
     composer_.forget();
     raster_ = std::move(raster);
     geometry_.setPicture({raster_.width, raster_.height}, raster_.xResolution, raster_.yResolution);
-    needRepaint();
+    repaint();
     Changed.raise();
 }
 
@@ -66,7 +66,7 @@ void RasterView::rotate(Turn turn) {
     raster_ = rotated(raster_, turn);
     composer_.forget();
     geometry_.turnPicture(turn);
-    needRepaint();
+    repaint();
     Changed.raise();
 }
 
@@ -137,6 +137,10 @@ void RasterView::scrollBy(int32_t dx, int32_t dy) {
     scrollTo(moved(horizontalBar(), dx), moved(verticalBar(), dy));
 }
 
+void RasterView::goTo(const ViewPlace& place) {
+    change([&] { geometry_.goTo(place); });
+}
+
 ViewRectangles RasterView::rectangles() const {
     return {wholePicture(raster_), geometry_.visibleSource(), real(geometry_.destination()),
             real(geometry_.visibleDestination())};
@@ -156,7 +160,7 @@ void RasterView::setAutoRepaint(bool on) {
         surface_.repaint();
 }
 
-void RasterView::needRepaint() {
+void RasterView::repaint() {
     if (autoRepaint_)
         surface_.repaint();
     else
@@ -167,14 +171,14 @@ void RasterView::setGrayScale(bool on) {
     if (on == GrayScale())
         return;
     look_.bilevel = on ? BilevelLook::ScaleToGray : BilevelLook::TwoColours;
-    needRepaint();
+    repaint();
 }
 
 void RasterView::setBackground(uint32_t rgb) {
     if (look_.background == (0xFF000000U | rgb))
         return;
     look_.background = 0xFF000000U | rgb;
-    needRepaint();
+    repaint();
 }
 
 void RasterView::setPointer(int32_t code) {

@@ -73,10 +73,16 @@ public:
     ScrollBar horizontalBar() const { return geometry_.horizontalBar(); }
     ScrollBar verticalBar() const { return geometry_.verticalBar(); }
 
+    /// Size mode, zoom and scroll position, for coming back to a picture.
+    ViewPlace place() const { return geometry_.keptPlace(); }
+    void goTo(const ViewPlace& place);
+
     ViewRectangles rectangles() const;
     /// Goes back to a place that rectangles() named, as far as view and picture still allow.
     void setRectangles(const ViewRectangles& rectangles);
 
+    /// The surface is painted anew.
+    void repaint();
     /// Off, changes wait with repainting until it is on again. Starts on.
     bool autoRepaint() const { return autoRepaint_; }
     void setAutoRepaint(bool on);
@@ -102,7 +108,6 @@ public:
 private:
     template <typename Change>
     void change(const Change& change);
-    void needRepaint();
     void rotate(Turn turn);
     double dotsPerInch() const;
 

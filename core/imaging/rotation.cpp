@@ -1,5 +1,6 @@
 #include "core/imaging/rotation.h"
 
+#include "core/base/words.h"
 #include "core/imaging/bittile.h"
 
 #include <algorithm>

@@ -117,6 +117,13 @@ void ViewGeometry::place(const Rectangle& destination) {
     scrollTo(-destination.left, -destination.top);
 }
 
+void ViewGeometry::goTo(const ViewPlace& place) {
+    fit_ = place.fit;
+    zoom_ = place.zoom;
+    size_ = sizeIn(viewport_);
+    putShare(place.middle, middle());
+}
+
 void ViewGeometry::scrollTo(int32_t x, int32_t y) {
     scrollX_ = clampedScroll(x, size_.width, viewport_.width);
     scrollY_ = clampedScroll(y, size_.height, viewport_.height);

@@ -24,6 +24,17 @@ struct ScrollBar {
     bool operator==(const ScrollBar&) const = default;
 };
 
+/// How a picture was looked at: enough to look at it again in the same way, in whatever view.
+struct ViewPlace {
+    enum class Fit : uint8_t { None, Width, Best, Height };
+
+    Fit fit = Fit::Best;
+    float zoom = 100;         ///< percent, used without a fit
+    RealPoint middle{0.5, 0}; ///< what was in the middle of the view, as shares of the picture's sides
+
+    bool operator==(const ViewPlace&) const = default;
+};
+
 /// Where a picture lies in a view. View coordinates are device pixels from the view's upper left corner;
 /// picture coordinates are the picture's pixels. A zoom of 100 percent shows the picture at its true size on
 /// a surface of the given resolution, so that unequal resolutions of a picture come out in true proportion.
@@ -61,6 +72,9 @@ public:
     /// Zooms and scrolls so that the picture comes to lie there, as far as it may.
     void place(const Rectangle& destination);
 
+    ViewPlace keptPlace() const { return {fit_, zoom_, shareAt(middle())}; }
+    void goTo(const ViewPlace& place);
+
     void scrollTo(int32_t x, int32_t y);
     ScrollBar horizontalBar() const;
     ScrollBar verticalBar() const;
@@ -84,7 +98,7 @@ public:
     bool operator==(const ViewGeometry&) const = default;
 
 private:
-    enum class Fit : uint8_t { None, Width, Best, Height };
+    using Fit = ViewPlace::Fit;
 
     void fit(Fit fit);
     double scaleIn(Size viewport) const;

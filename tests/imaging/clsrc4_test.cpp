@@ -86,6 +86,7 @@ TEST(RC4, EveryCallStartsFromTheKeyedState) {
 TEST(RC4, Keys) {
     clsRC4 cipher;
     EXPECT_NO_THROW(cipher.setKey(""));
+    EXPECT_EQ(cipher.EncryptString("no key yet", "", false), "no key yet");
     EXPECT_EQ(cipher.EncryptString("x", std::string(300, 'k'), true), clsRC4().EncryptString("x", "k", true));
     EXPECT_EQ(clsRC4().EncryptString("x", std::string(256, 'a') + "b", true),
               clsRC4().EncryptString("x", "a", true));
