@@ -1,0 +1,70 @@
+#include "faces/qt/commandtoolbar.h"
+
+#include "faces/qt/commandicon.h"
+#include "faces/qt/texts.h"
+
+#include <QAction>
+
+namespace pixmo::qt {
+
+CommandToolBar::CommandToolBar(QWidget* parent) : QToolBar(parent) {
+    setMovable(false);
+    setFloatable(false);
+    setAccessibleName(tr("Page commands"));
+    // The bar's own menu would let the user hide it for good.
+    setContextMenuPolicy(Qt::PreventContextMenu);
+}
+
+void CommandToolBar::mirror(const Toolbar& toolbar) {
+    QStringList keys;
+    bool captions = false;
+    for (const ToolButton& button : toolbar.Buttons) {
+        keys.append(toQt(button.Key));
+        captions = captions || !button.Caption.empty();
+    }
+    if (keys != shownKeys_)
+        showButtons(toolbar);
+    shownKeys_ = keys;
+    setToolButtonStyle(captions ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+    if (toolbar.Images)
+        setIconSize({toolbar.Images->size, toolbar.Images->size});
+    for (const ToolButton& button : toolbar.Buttons)
+        mirrorState(button, *actions_.value(toQt(button.Key)));
+}
+
+// A command without its button cannot be given either.
+void CommandToolBar::showButtons(const Toolbar& toolbar) {
+    for (QAction* action : std::as_const(actions_)) {
+        removeAction(action);
+        action->setVisible(false);
+    }
+    for (const ToolButton& button : toolbar.Buttons) {
+        QAction*& action = actions_[toQt(button.Key)];
+        if (!action)
+            action = makeAction(button);
+        addAction(action);
+    }
+}
+
+QAction* CommandToolBar::makeAction(const ToolButton& button) {
+    auto* const action = new QAction(this);
+    const QString key = toQt(button.Key);
+    action->setObjectName(key);
+    action->setSeparator(button.Style == ButtonStyle::Separator);
+    action->setCheckable(button.Style == ButtonStyle::Check || button.Style == ButtonStyle::ButtonGroup);
+    action->setIcon(commandIcon(key));
+    action->setText(toQt(button.Description));
+    action->setToolTip(toQt(button.ToolTipText));
+    action->setStatusTip(toQt(button.ToolTipText));
+    connect(action, &QAction::triggered, this, [this, key] { Q_EMIT commandGiven(key); });
+    return action;
+}
+
+void CommandToolBar::mirrorState(const ToolButton& button, QAction& action) {
+    action.setVisible(button.Visible);
+    action.setEnabled(button.Enabled || action.isSeparator());
+    if (action.isCheckable())
+        action.setChecked(button.Pressed);
+}
+
+} // namespace pixmo::qt

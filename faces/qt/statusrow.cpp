@@ -1,0 +1,78 @@
+#include "faces/qt/statusrow.h"
+
+#include "faces/qt/texts.h"
+
+#include <QCoreApplication>
+
+namespace pixmo::qt {
+
+namespace {
+
+constexpr int TextMargin = 6;
+constexpr int RowMargin = 3;
+constexpr int ProgressWidth = 120;
+constexpr int ProgressHeight = 8;
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("StatusRow", text);
+}
+
+QRect rect(const Box& box, QPoint origin) {
+    return QRect(box.left, box.top, box.width, box.height).translated(origin);
+}
+
+QLabel* plainLabel(QWidget& parent, const QString& name) {
+    auto* const label = new QLabel(&parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setMargin(0);
+    label->setAccessibleName(name);
+    return label;
+}
+
+} // namespace
+
+StatusRow::StatusRow(QWidget& parent)
+    : readOut_(plainLabel(parent, tr("Page number"))), status_(plainLabel(parent, tr("Status"))),
+      progress_(new QProgressBar(&parent)) {
+    readOut_->setIndent(TextMargin);
+    progress_->setTextVisible(false);
+    progress_->setRange(0, 100);
+    progress_->setAccessibleName(tr("Progress of the transfer"));
+    progress_->hide();
+}
+
+void StatusRow::mirror(const pixmo::ImageView& control) {
+    readOut_->setText(toQt(control.txtPage()));
+    statusText_ = linesToQt(control.statusText()).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    const int percent = control.progressPercent();
+    progressShown_ = percent >= 0;
+    progress_->setValue(qMax(percent, 0));
+    showStatus();
+}
+
+void StatusRow::measure(LayoutMeasures& measures) const {
+    const QFontMetrics metrics = readOut_->fontMetrics();
+    measures.readOutWidth = metrics.horizontalAdvance(readOut_->text()) + 2 * TextMargin;
+    measures.statusHeight = metrics.height() + 2 * RowMargin;
+    measures.progressWidth = progressShown_ ? ProgressWidth : 0;
+}
+
+void StatusRow::place(const ControlLayout& layout, QPoint origin) {
+    readOut_->setGeometry(rect(layout.readOut, origin));
+    status_->setGeometry(rect(layout.status, origin));
+    const QRect room = rect(layout.progress, origin);
+    const int height = qMin(ProgressHeight, room.height());
+    progress_->setGeometry(room.left(), room.top() + (room.height() - height) / 2,
+                           qMax(0, room.width() - TextMargin), height);
+    progress_->setVisible(progressShown_ && room.width() > TextMargin);
+    showStatus();
+}
+
+void StatusRow::showStatus() {
+    const QString shown = status_->fontMetrics().elidedText(statusText_, Qt::ElideRight, status_->width());
+    status_->setText(shown);
+    status_->setToolTip(shown == statusText_ ? QString() : statusText_);
+    status_->setAccessibleDescription(statusText_);
+}
+
+} // namespace pixmo::qt

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace pixmo::qt {
+
+inline QString toQt(const std::string& utf8) {
+    return QString::fromStdString(utf8);
+}
+
+/// Lines of the core end in CR LF.
+inline QString linesToQt(const std::string& utf8) {
+    return toQt(utf8).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+} // namespace pixmo::qt
