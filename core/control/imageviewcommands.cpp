@@ -29,6 +29,7 @@ void ImageView::UpdateUI() {
             parts_.showPointer(parts_.session.pending.Count() > 0 ? Pointer::ArrowHourglass
                                                                   : Pointer::Default);
         commands_.refreshToolbar();
+        thumbnails_.follow();
         InterfaceChanged.raise();
     });
 }
@@ -89,11 +90,6 @@ bool ImageView::isContacting() const {
     return parts_.session.pending.contains("IC");
 }
 
-std::string ImageView::currentTag() const {
-    return "GP" + parts_.properties.Delimiter + std::to_string(parts_.session.currentDocument) +
-           parts_.properties.Delimiter + std::to_string(parts_.session.currentPage);
-}
-
 std::string ImageView::viewNotice() const {
     const SessionState& session = parts_.session;
     if (session.currentDocument == 0 || isPageDisplayed())
@@ -101,7 +97,7 @@ std::string ImageView::viewNotice() const {
     if (isContacting())
         return "Contacting the server\u2026";
     const std::string page = "Page " + std::to_string(std::max<int16_t>(session.currentPage, 1));
-    if (session.pending.contains(currentTag()) || session_.tmrDelay().isRunning())
+    if (session.pending.contains(session_.pageTag(session.currentPage)) || session_.tmrDelay().isRunning())
         return "Loading page " + std::to_string(session.currentPage) + "\u2026";
     if (session.currentPage == 0)
         return {};
