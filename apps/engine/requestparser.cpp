@@ -13,6 +13,7 @@ namespace pixmo {
 namespace {
 
 constexpr size_t ContactFields = 6; // user, machine, title, major, minor, revision
+constexpr size_t KindDigits = 6;    // of the two letters and the delimiter
 constexpr size_t PageCountFields = 4;
 constexpr size_t GetPageFields = 5; // one more with the flag
 
@@ -126,15 +127,17 @@ EngineRequest RequestParser::parseEnciphered(std::string_view hex, std::span<con
     EngineRequest best;
     best.problem = RequestProblem::NoKey;
     for (const std::string& key : keys) {
-        const std::string plain = clsRC4().DecryptString(hex, key, true);
+        clsRC4 cipher;
+        // The first bytes rule out nearly every wrong key, whatever the length of the request.
+        const std::string start = cipher.DecryptString(hex.substr(0, KindDigits), key, true);
         for (const std::string& delimiter : delimiters_) {
             EngineRequest request;
-            request.kind = kindOf(plain, delimiter);
+            request.kind = kindOf(start, delimiter);
             if (request.kind == RequestKind::Unknown)
                 continue;
             request.key = key;
             request.delimiter = delimiter;
-            readPageRequest(split(plain, delimiter), request);
+            readPageRequest(split(cipher.DecryptString(hex, key, true), delimiter), request);
             if (request.problem == RequestProblem::None)
                 return request;
             // Kept in case no other key does better: its sender can at least read the answer.

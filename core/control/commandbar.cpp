@@ -49,34 +49,6 @@ constexpr std::array<ButtonRow, 20> ButtonRows = {{
     button("STAR", "Bookmark", "Bookmark Page", ButtonStyle::Default, Presence::WithBookmark),
 }};
 
-using Rule = bool (*)(const CommandFacts&);
-
-struct EnabledRule {
-    std::string_view key;
-    Rule rule;
-};
-
-constexpr Rule PageIsDisplayed = [](const CommandFacts& facts) { return facts.pageDisplayed; };
-
-/// In the order in which the buttons are refreshed.
-constexpr std::array<EnabledRule, 14> EnabledRules = {{
-    {"THUMBS", [](const CommandFacts& facts) { return facts.pageCount > 0; }},
-    {"PRINT", PageIsDisplayed},
-    {"QUICKPRINT", PageIsDisplayed},
-    {"CANCEL", [](const CommandFacts& facts) { return facts.transferPending; }},
-    {"PAGEGOTO", [](const CommandFacts& facts) { return facts.pageCount > 1; }},
-    {"ROTR", PageIsDisplayed},
-    {"ROTL", PageIsDisplayed},
-    {"FITHEIGHT", PageIsDisplayed},
-    {"FITWIDTH", PageIsDisplayed},
-    {"PAN", PageIsDisplayed},
-    {"SELECTION", PageIsDisplayed},
-    {"PAGENEXT",
-     [](const CommandFacts& facts) { return facts.pageCount >= 1 && facts.page < facts.pageCount; }},
-    {"PAGEPREV", [](const CommandFacts& facts) { return facts.page > 1; }},
-    {"STAR", PageIsDisplayed},
-}};
-
 } // namespace
 
 void CommandBar::tlbImage_Init(bool thumbsAvailable, bool bookmarkAvailable) {
@@ -93,17 +65,10 @@ void CommandBar::setStyle(bool large, bool captions) {
     cUtilities::SetToolBarStyle(toolbar_, &imlSmall_, &imlLarge_, large, captions);
 }
 
-void CommandBar::refresh(const CommandFacts& facts) {
-    for (const EnabledRule& row : EnabledRules)
-        if (cUtilities::ButtonExists(toolbar_, row.key))
-            toolbar_.find(row.key)->Enabled = row.rule(facts);
-}
-
-bool CommandBar::isEnabled(std::string_view key, const CommandFacts& facts) {
-    for (const EnabledRule& row : EnabledRules)
-        if (row.key == key)
-            return row.rule(facts);
-    return false;
+void CommandBar::press(std::string_view key) {
+    for (ToolButton& button : toolbar_.Buttons)
+        if (button.Style == ButtonStyle::ButtonGroup)
+            button.Pressed = button.Key == key;
 }
 
 } // namespace pixmo

@@ -8,29 +8,19 @@
 
 namespace pixmo {
 
-/// What decides which commands can be given.
-struct CommandFacts {
-    bool thumbsAvailable = false;
-    bool bookmarkAvailable = false;
-    bool pageDisplayed = false;
-    bool transferPending = false;
-    int16_t page = 0;
-    int16_t pageCount = 0;
-};
-
 /// The control's toolbar `tlbImage` as data: its buttons in their order, and when each can be pressed.
 class CommandBar {
 public:
     explicit CommandBar(cUtilities& utilities) : utilities_(utilities) {}
 
-    /// Empties the toolbar and adds the buttons; all are disabled until they are refreshed.
+    /// Empties the toolbar and adds the buttons, all of them disabled.
     void tlbImage_Init(bool thumbsAvailable, bool bookmarkAvailable);
     void setStyle(bool large, bool captions);
-    void refresh(const CommandFacts& facts);
+    /// Presses the button and releases the others of its group.
+    void press(std::string_view key);
 
     const Toolbar& tlbImage() const { return toolbar_; }
     Toolbar& tlbImage() { return toolbar_; }
-    static bool isEnabled(std::string_view key, const CommandFacts& facts);
 
 private:
     cUtilities& utilities_;

@@ -20,6 +20,10 @@ void ControlParts::showPointer(Pointer pointer) {
     lvrImage.setPointer(static_cast<int32_t>(pointer));
 }
 
+bool ControlParts::isPageDisplayed() const {
+    return session.shownPage != 0 && session.shownPage == session.currentPage && lvrImage.hasPicture();
+}
+
 cClientHandlers::Sender ControlParts::sender() const {
     return {properties.Delimiter, properties.PublicKey, properties.UserLogin, properties.MachineName};
 }

@@ -52,6 +52,8 @@ struct ControlParts {
         return {scope, name, buttons};
     }
     bool ended() const { return scope->ended; }
+    /// The view shows the picture of the current page.
+    bool isPageDisplayed() const;
     /// A progress or detail line.
     void logLine(const std::string& text) { log.LogEvent(text, log_level::Information); }
     void showPointer(Pointer pointer);

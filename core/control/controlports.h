@@ -2,11 +2,14 @@
 
 #include "core/imaging/pagedecoder.h"
 #include "core/platform/asyncreader.h"
+#include "core/platform/clipboard.h"
 #include "core/platform/clock.h"
 #include "core/platform/container.h"
+#include "core/platform/dialogs.h"
 #include "core/platform/eventloop.h"
 #include "core/platform/identity.h"
 #include "core/platform/messagebox.h"
+#include "core/platform/pagewriter.h"
 #include "core/platform/scratchfolder.h"
 #include "core/platform/settingsstore.h"
 #include "core/platform/timer.h"
@@ -30,6 +33,9 @@ struct ControlPorts {
     std::shared_ptr<Container> container;
     std::shared_ptr<ViewSurface> viewSurface;
     std::shared_ptr<PageDecoder> decoder;
+    std::shared_ptr<Dialogs> dialogs;
+    std::shared_ptr<Clipboard> clipboard;
+    std::shared_ptr<PageWriter> pageWriter;
 };
 
 } // namespace pixmo

@@ -38,9 +38,12 @@ ImageView::ImageView(ControlPorts ports)
           [this](const AsyncProperty& record) { responses_.ProcessServerResponse(record); }),
       responses_(parts_, session_, transfers_,
                  [this](const std::string& name, const std::string& value) { setProperty(name, value); }),
-      commandBar_(parts_.utilities) {
+      commandBar_(parts_.utilities), commands_(parts_, session_, transfers_, commandBar_, debug_),
+      mouse_(parts_) {
     session_.setTransfers(transfers_);
     parts_.updateUI = [this] { UpdateUI(); };
+    parts_.leadImageHelp.DebugPrint.connect([this](const std::string& line) { trace(line); });
+    commands_.ToolbarStyleChanged.connect([this] { UpdateUI(); });
 }
 
 ImageView::~ImageView() {
@@ -133,24 +136,21 @@ void ImageView::readUserSettings() {
             return toBoolean(which.defaultValue);
         }
     };
-    checks_.mnuPopup1ButtonCaptions = flag(setting::ButtonCaptions);
-    checks_.mnuPopup1LargeButtons = flag(setting::BigButtons);
-    checks_.mnuPopup1SmallButtons = !checks_.mnuPopup1LargeButtons;
-    letGrayScale(flag(setting::GrayScale));
+    MenuChecks& checks = commands_.checks;
+    checks.mnuPopup1ButtonCaptions = flag(setting::ButtonCaptions);
+    checks.mnuPopup1LargeButtons = flag(setting::BigButtons);
+    checks.mnuPopup1SmallButtons = !checks.mnuPopup1LargeButtons;
+    commands_.letGrayScale(flag(setting::GrayScale));
 }
 
 void ImageView::writeUserSettings() {
     const auto save = [this](const setting::Setting& which, bool flag) {
         parts_.ports.settings->SaveSetting(which.section, which.key, flagText(flag));
     };
-    save(setting::ButtonCaptions, checks_.mnuPopup1ButtonCaptions);
-    save(setting::BigButtons, checks_.mnuPopup1LargeButtons);
-    save(setting::GrayScale, checks_.mnuPopupGrayscale);
-}
-
-void ImageView::letGrayScale(bool on) {
-    checks_.mnuPopupGrayscale = on;
-    parts_.leadImageHelp.setGrayScale(on);
+    const MenuChecks& checks = commands_.checks;
+    save(setting::ButtonCaptions, checks.mnuPopup1ButtonCaptions);
+    save(setting::BigButtons, checks.mnuPopup1LargeButtons);
+    save(setting::GrayScale, checks.mnuPopupGrayscale);
 }
 
 /// What a new control and a stored one have in common.
@@ -158,7 +158,7 @@ void ImageView::completeStart() {
     savedGrayScale_ = NoGrayScaleSaved;
     parts_.leadImageHelp.imgFitWidth();
     rebuildToolbar();
-    parts_.leadImageHelp.imgPan(commandBar_.tlbImage().find("PAN"));
+    commands_.panMode();
     session_.Clear();
 }
 

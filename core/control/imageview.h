@@ -2,13 +2,16 @@
 
 #include "core/base/event.h"
 #include "core/control/commandbar.h"
+#include "core/control/commands.h"
 #include "core/control/controlparts.h"
 #include "core/control/debugtrace.h"
 #include "core/control/layout.h"
+#include "core/control/menus.h"
 #include "core/control/propertytable.h"
 #include "core/control/responses.h"
 #include "core/control/session.h"
 #include "core/control/transfers.h"
+#include "core/control/viewmouse.h"
 #include "core/platform/propertybag.h"
 
 #include <cstdint>
@@ -17,14 +20,6 @@
 #include <string_view>
 
 namespace pixmo {
-
-/// Check marks of the popup menus that stand for the user's settings.
-struct MenuChecks {
-    bool mnuPopup1ButtonCaptions = false;
-    bool mnuPopup1LargeButtons = true;
-    bool mnuPopup1SmallButtons = false;
-    bool mnuPopupGrayscale = true;
-};
 
 /// The one control of the library: a viewer of document pages. A face makes it, gives it the answers to its
 /// questions (ControlPorts), forwards what the user does and draws what it holds.
@@ -49,7 +44,8 @@ public:
 
     void UserControl_Click();
     void UserControl_DblClick();
-    void UserControl_KeyDown(int16_t& keyCode, int16_t& shift);
+    /// Whether the key meant something to the control; the host hears of it in any case.
+    bool UserControl_KeyDown(int16_t& keyCode, int16_t& shift);
     void UserControl_KeyPress(int16_t& keyAscii);
     void UserControl_KeyUp(int16_t& keyCode, int16_t& shift);
     /// The face has laid out its children (see layout) and tells the view its new size.
@@ -71,7 +67,16 @@ public:
 
     /// A click on the button of that key; ignored while it is not there, hidden or disabled.
     void tlbImage_ButtonClick(std::string_view key);
+    /// A command given by menu, key or host; ignored while it is disabled or forbidden.
+    void runCommand(std::string_view key);
+    /// The right button over the toolbar, or over the page: the menu to show, empty while a form is designed.
+    std::vector<MenuItem> tlbImage_MouseDown() const;
+    std::vector<MenuItem> lvrImage_RightClick() const;
     void requestBookmark();
+
+    Commands& commands() { return commands_; }
+    const Commands& commands() const { return commands_; }
+    ViewMouse& mouse() { return mouse_; }
 
     ControlEvents& events() { return parts_.events; }
     /// Something that a face draws beside the page has changed: toolbar, read-out, status, pointer.
@@ -79,7 +84,7 @@ public:
 
     RasterView& lvrImage() { return parts_.lvrImage; }
     const Toolbar& tlbImage() const { return commandBar_.tlbImage(); }
-    const MenuChecks& menuChecks() const { return checks_; }
+    const MenuChecks& menuChecks() const { return commands_.checks; }
     const DebugTrace& txtDebug() const { return debug_; }
     Pointer mousePointer() const { return parts_.mousePointer; }
     /// "Page 3 of 12"
@@ -90,7 +95,11 @@ public:
     int32_t progressPercent() const;
     /// What to show instead of the picture while the picture of the current page is not there; "" when it is.
     std::string viewNotice() const;
-    bool isPageDisplayed() const;
+    bool isPageDisplayed() const { return parts_.isPageDisplayed(); }
+    /// "85 %"; "" while no page is displayed.
+    std::string zoomText() const;
+    /// "Page 3 of 12, 85 %"
+    std::string viewDescription() const;
     /// Nothing is pending: no transfer, no delayed fetch, no delayed repaint.
     bool isIdle() const;
 
@@ -113,12 +122,7 @@ private:
     void completeStart();
     void readProperty(const PropertyBag& bag, const PropertyRow& row);
     void letProperty(const PropertyRow& row, const PropertyValue& value);
-    void letGrayScale(bool on);
-    void tlbImage_SetStyle();
     void UpdateUI();
-    CommandFacts commandFacts() const;
-    void lvwImage_KeyDown(int16_t keyCode, int16_t shift);
-    void turnTo(int16_t page);
     bool isContacting() const;
     std::string currentTag() const;
     void tmrDelay_Timer() { session_.tmrDelay_Timer(); }
@@ -132,8 +136,9 @@ private:
     Transfers transfers_;
     Responses responses_;
     CommandBar commandBar_;
-    MenuChecks checks_;
     DebugTrace debug_;
+    Commands commands_;
+    ViewMouse mouse_;
     std::unique_ptr<Timer> tmrResizeDelay_;
     std::unique_ptr<Timer> tmrRunResize_;
     int32_t savedGrayScale_ = NoGrayScaleSaved;

@@ -9,19 +9,6 @@ namespace pixmo {
 
 namespace {
 
-namespace key {
-constexpr int16_t PageUp = 0x21;
-constexpr int16_t PageDown = 0x22;
-constexpr int16_t End = 0x23;
-constexpr int16_t Home = 0x24;
-constexpr int16_t Left = 0x25;
-constexpr int16_t Up = 0x26;
-constexpr int16_t Right = 0x27;
-constexpr int16_t Down = 0x28;
-} // namespace key
-
-constexpr double ScrollStep = 30; ///< device-independent pixels
-
 std::string kilobytes(int32_t bytes) {
     return std::to_string((bytes + 512) / 1024) + " KB";
 }
@@ -31,33 +18,17 @@ std::string kilobytes(int32_t bytes) {
 void ImageView::rebuildToolbar() {
     parts_.procedure("tlbImage_Init").step([this] {
         commandBar_.tlbImage_Init(parts_.properties.ThumbsAvailable, parts_.properties.BookmarkAvailable);
+        commandBar_.press(parts_.lvrImage.dragMode ? "PAN" : "SELECTION");
     });
-    tlbImage_SetStyle();
-    UpdateUI();
-}
-
-void ImageView::tlbImage_SetStyle() {
-    parts_.procedure("tlbImage_SetStyle").step([this] {
-        commandBar_.setStyle(!checks_.mnuPopup1SmallButtons, checks_.mnuPopup1ButtonCaptions);
-    });
-}
-
-CommandFacts ImageView::commandFacts() const {
-    CommandFacts facts;
-    facts.thumbsAvailable = parts_.properties.ThumbsAvailable;
-    facts.bookmarkAvailable = parts_.properties.BookmarkAvailable;
-    facts.pageDisplayed = isPageDisplayed();
-    facts.transferPending = parts_.session.pending.Count() > 0;
-    facts.page = parts_.session.currentPage;
-    facts.pageCount = parts_.session.pageCount;
-    return facts;
+    commands_.tlbImage_SetStyle();
 }
 
 void ImageView::UpdateUI() {
     parts_.procedure("UpdateUI").step([this] {
-        const CommandFacts facts = commandFacts();
-        parts_.showPointer(facts.transferPending ? Pointer::ArrowHourglass : Pointer::Default);
-        commandBar_.refresh(facts);
+        if (!mouse_.isDragging())
+            parts_.showPointer(parts_.session.pending.Count() > 0 ? Pointer::ArrowHourglass
+                                                                  : Pointer::Default);
+        commands_.refreshToolbar();
         InterfaceChanged.raise();
     });
 }
@@ -65,66 +36,48 @@ void ImageView::UpdateUI() {
 void ImageView::tlbImage_ButtonClick(std::string_view key) {
     const auto self = shared_from_this();
     parts_.procedure("tlbImage_ButtonClick").step([&] {
-        const ToolButton* button = commandBar_.tlbImage().find(key);
-        if (!button || !button->Visible || !button->Enabled)
-            return;
-        if (key == "PAGEPREV")
-            turnTo(static_cast<int16_t>(parts_.session.currentPage - 1));
-        else if (key == "PAGENEXT")
-            turnTo(static_cast<int16_t>(parts_.session.currentPage + 1));
-        else if (key == "CANCEL")
-            transfers_.CancelDownloads();
-        else if (key == "STAR")
-            requestBookmark();
+        if (const ToolButton* button = commandBar_.tlbImage().find(key))
+            commands_.tlbImage_ButtonClick(ToolButton(*button));
     });
 }
 
-void ImageView::turnTo(int16_t page) {
-    session_.LoadPage(page, true, false);
+void ImageView::runCommand(std::string_view key) {
+    const auto self = shared_from_this();
+    if (!parts_.ended())
+        commands_.run(key);
 }
 
-void ImageView::UserControl_KeyDown(int16_t& keyCode, int16_t& shift) {
+std::vector<MenuItem> ImageView::tlbImage_MouseDown() const {
+    return parts_.ports.container->userMode() ? toolbarMenu(commands_) : std::vector<MenuItem>();
+}
+
+std::vector<MenuItem> ImageView::lvrImage_RightClick() const {
+    return parts_.ports.container->userMode() ? imageMenu(commands_) : std::vector<MenuItem>();
+}
+
+bool ImageView::UserControl_KeyDown(int16_t& keyCode, int16_t& shift) {
     const auto self = shared_from_this();
+    bool handled = false;
     parts_.procedure("UserControl_KeyDown")
         .step([this] { return parts_.ports.container->userMode() ? Flow::GoOn : Flow::Leave; })
         .step([&] { trace("UserControl_KeyDown " + std::to_string(keyCode) + " " + std::to_string(shift)); })
-        .step([&] { lvwImage_KeyDown(keyCode, shift); })
+        .step([&] { handled = commands_.lvwImage_KeyDown(keyCode, shift); })
         .step([&] { parts_.events.KeyDown.raise(keyCode, shift); });
+    return handled;
 }
 
-void ImageView::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
-    parts_.procedure("lvwImage_KeyDown").step([&] {
-        if (shift != 0)
-            return;
-        const auto step =
-            static_cast<int32_t>(std::lround(ScrollStep * parts_.ports.viewSurface->devicePixelRatio()));
-        if (keyCode == key::Up)
-            parts_.lvrImage.scrollBy(0, -step);
-        else if (keyCode == key::Down)
-            parts_.lvrImage.scrollBy(0, step);
-        else if (keyCode == key::Left)
-            parts_.lvrImage.scrollBy(-step, 0);
-        else if (keyCode == key::Right)
-            parts_.lvrImage.scrollBy(step, 0);
-        else if (keyCode == key::PageUp)
-            tlbImage_ButtonClick("PAGEPREV");
-        else if (keyCode == key::PageDown)
-            tlbImage_ButtonClick("PAGENEXT");
-        else if (keyCode == key::Home && parts_.session.currentDocument != 0)
-            turnTo(1);
-        else if (keyCode == key::End && parts_.session.pageCount > 0)
-            turnTo(parts_.session.pageCount);
-    });
+std::string ImageView::zoomText() const {
+    return isPageDisplayed() ? std::to_string(std::lround(parts_.lvrImage.zoom())) + " %" : std::string();
+}
+
+std::string ImageView::viewDescription() const {
+    const std::string zoom = zoomText();
+    return zoom.empty() ? txtPage() : txtPage() + ", " + zoom;
 }
 
 std::string ImageView::txtPage() const {
     return "Page " + std::to_string(parts_.session.currentPage) + " of " +
            std::to_string(parts_.session.pageCount);
-}
-
-bool ImageView::isPageDisplayed() const {
-    return parts_.session.shownPage != 0 && parts_.session.shownPage == parts_.session.currentPage &&
-           parts_.lvrImage.hasPicture();
 }
 
 bool ImageView::isIdle() const {

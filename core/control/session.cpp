@@ -253,11 +253,25 @@ void Session::showCurrentPage() {
     const int16_t page = state().currentPage;
     if (!IsPageCached(page))
         return;
+    keepPlace();
     state().shownPage = 0;
     const int32_t status =
         parts_.leadImageHelp.imgDisplayEncryptedPage(state().pages.file(page), parts_.properties.EncBytes);
     raiseUnlessDone(status, parts_.errors);
     state().shownPage = page;
+    const auto place = state().places.find(page);
+    if (place != state().places.end())
+        parts_.lvrImage.goTo(place->second);
+}
+
+/// A turned page is seen unturned the next time: only its zoom is kept.
+void Session::keepPlace() {
+    if (state().shownPage == 0 || !parts_.lvrImage.hasPicture())
+        return;
+    ViewPlace place = parts_.lvrImage.place();
+    if (parts_.lvrImage.isTurned())
+        place.middle = ViewPlace().middle;
+    state().places[state().shownPage] = place;
 }
 
 void Session::Clear() {
@@ -284,6 +298,7 @@ void Session::emptySession() {
     state().pageCount = 0;
     state().currentPage = 0;
     state().shownPage = 0;
+    state().places.clear();
     state().transferProblem.clear();
     parts_.progress = {};
 }

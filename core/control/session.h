@@ -53,6 +53,7 @@ private:
     void requestPage(int32_t docID, int16_t page);
     void announcePage(int16_t page);
     void showCurrentPage();
+    void keepPlace();
     void removePageFiles();
     void emptySession();
 

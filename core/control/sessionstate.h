@@ -2,8 +2,10 @@
 
 #include "core/base/collection.h"
 #include "core/control/pagecache.h"
+#include "core/imaging/viewgeometry.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 namespace pixmo {
@@ -18,6 +20,8 @@ struct SessionState {
     Collection pending; ///< tags of the transfers under way
     /// The page whose picture the view holds; 0 when it holds none, or one that is not to be seen.
     int16_t shownPage = 0;
+    /// How each page that was seen was looked at last.
+    std::map<int16_t, ViewPlace> places;
     std::string transferProblem; ///< why the last transfer ended without its data; "" when it did not
 };
 

@@ -57,8 +57,14 @@ int32_t cLeadImageFunctions::LoadImageFromArray(std::span<const uint8_t> array) 
     const int32_t status = LoadArrayToRaster(array, raster);
     if (status != 0)
         return status;
-    return errorObject_.attempt("cLeadImageFunctions.LoadImageFromArray",
-                                [&] { imageWindow_.setRaster(std::move(raster)); });
+    return errorObject_.attempt("cLeadImageFunctions.LoadImageFromArray", [&] {
+        if (debugPrinting_)
+            DebugPrint.raise("Loaded " + std::to_string(raster.width) + " x " +
+                             std::to_string(raster.height) + " pixels, " +
+                             std::to_string(raster.bitsPerPixel) + " bits per pixel, from " +
+                             std::to_string(array.size()) + " bytes");
+        imageWindow_.setRaster(std::move(raster));
+    });
 }
 
 int32_t cLeadImageFunctions::LoadImageInViewer(const std::filesystem::path& path) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/event.h"
 #include "core/base/toolbar.h"
 #include "core/diag/cerrobject.h"
 #include "core/imaging/pagedecoder.h"
@@ -70,6 +71,10 @@ public:
 
     bool FastPanning() const { return imageWindow_.FastPanning; }
     void setFastPanning(bool on) { imageWindow_.FastPanning = on; }
+    /// A line for developers about each picture that is loaded, while switched on.
+    Event<const std::string&> DebugPrint;
+    void setDebugPrinting(bool on) { debugPrinting_ = on; }
+
     bool GrayScale() const { return imageWindow_.GrayScale(); }
     void setGrayScale(bool on) { imageWindow_.setGrayScale(on); }
 
@@ -86,6 +91,7 @@ private:
     std::vector<SavedView> savedViews_;
     bool savedGrayScale_ = false; ///< while a fast drag goes on
     bool dragIsFast_ = false;
+    bool debugPrinting_ = false;
 };
 
 } // namespace pixmo

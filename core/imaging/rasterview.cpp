@@ -50,6 +50,7 @@ void RasterView::change(const Change& change) {
 
 void RasterView::setRaster(Raster raster) {
     composer_.forget();
+    quarterTurns_ = 0;
     raster_ = std::move(raster);
     geometry_.setPicture({raster_.width, raster_.height}, raster_.xResolution, raster_.yResolution);
     repaint();
@@ -64,6 +65,7 @@ void RasterView::rotate(Turn turn) {
     if (!hasPicture())
         return;
     raster_ = rotated(raster_, turn);
+    quarterTurns_ += turn == Turn::Right ? 1 : turn == Turn::Half ? 2 : 3;
     composer_.forget();
     geometry_.turnPicture(turn);
     repaint();

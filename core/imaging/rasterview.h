@@ -43,6 +43,8 @@ public:
     const Raster& raster() const { return raster_; }
     void rotateRight() { rotate(Turn::Right); }
     void rotateLeft() { rotate(Turn::Left); }
+    /// Whether the picture is shown other than it was set.
+    bool isTurned() const { return quarterTurns_ % 4 != 0; }
 
     /// The surface has another size or resolution.
     void resize();
@@ -117,6 +119,7 @@ private:
     ViewComposer composer_;
     ViewLook look_;
     std::optional<double> surfaceResolution_;
+    int32_t quarterTurns_ = 0;
     bool autoRepaint_ = true;
     bool repaintPending_ = false;
     int32_t pointer_ = static_cast<int32_t>(Pointer::Default);

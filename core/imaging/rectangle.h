@@ -30,6 +30,8 @@ struct Rectangle {
 struct RealPoint {
     double x = 0;
     double y = 0;
+
+    bool operator==(const RealPoint&) const = default;
 };
 
 struct RealRectangle {

@@ -218,13 +218,13 @@ void drawBilevel(const Raster& raster, const PixelSurface& surface, const Mappin
 template <size_t Channels>
 void drawTones(const Raster& raster, const PixelSurface& surface, const Mapping& map) {
     const std::vector<ColumnMark> marks = columnMarks(map.x, map.firstColumn(), map.clip.width);
-    const auto [first, end] = columnsOf(map.x, marks);
-    ToneSums sums(raster, first, end);
+    const BilevelSums::Columns columns = columnsOf(map.x, marks);
+    ToneSums sums(raster, columns.begin, columns.end);
     drawRows(surface, map, ToneSums::MaxWeight, [&](const RowShare& share, uint32_t* out) {
         sums.build(share);
         const LevelScale level(1, static_cast<double>(share.total()) * columnsCovered(map.x), 0.5);
-        sumPixels<Channels>(map.x, sums.sums(), first, marks.data(), 0, static_cast<size_t>(map.clip.width),
-                            [&](size_t x, const auto& sum) {
+        sumPixels<Channels>(map.x, sums.sums(), columns.begin, marks.data(), 0,
+                            static_cast<size_t>(map.clip.width), [&](size_t x, const auto& sum) {
                                 if constexpr (Channels == 1)
                                     out[x] = grayColour(level(sum[0]));
                                 else

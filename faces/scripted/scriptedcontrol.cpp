@@ -22,8 +22,8 @@ void ScriptedControl::destroy() {
 }
 
 ControlPorts ScriptedControl::ports() const {
-    return {messageBox, eventLoop, timers,    reader,      settings, identity,
-            clock,      scratch,   container, viewSurface, decoder};
+    return {messageBox, eventLoop, timers,      reader,  settings, identity,  clock,
+            scratch,    container, viewSurface, decoder, dialogs,  clipboard, pageWriter};
 }
 
 std::string ScriptedControl::encipher(const std::string& plain) const {

@@ -39,6 +39,9 @@ public:
     std::shared_ptr<Container> container = std::make_shared<Container>();
     std::shared_ptr<ViewSurface> viewSurface = std::make_shared<ViewSurface>();
     std::shared_ptr<PageDecoder> decoder = std::make_shared<PageDecoder>();
+    std::shared_ptr<Dialogs> dialogs = std::make_shared<Dialogs>();
+    std::shared_ptr<Clipboard> clipboard = std::make_shared<Clipboard>();
+    std::shared_ptr<PageWriter> pageWriter = std::make_shared<PageWriter>();
     std::shared_ptr<ImageView> view;
 
     ControlPorts ports() const;

@@ -2,6 +2,9 @@
 
 #include "core/base/error.h"
 #include "core/base/files.h"
+#include "core/dialogs/dlgabout.h"
+#include "core/dialogs/dlggotopage.h"
+#include "core/dialogs/dlglog.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -156,6 +159,30 @@ Raster PageDecoder::decode(std::span<const uint8_t> bytes) const {
     Raster raster = makeRaster(PixelFormat::Bilevel, width, height);
     raster.xResolution = raster.yResolution = 300;
     return raster;
+}
+
+void Dialogs::showModal(dlgGotoPage& dialog) {
+    shown.push_back("goto " + dialog.txtPageNumber());
+    if (onGoto)
+        onGoto(dialog);
+}
+
+void Dialogs::showModal(dlgAbout& dialog) {
+    shown.push_back(dialog.Caption() + ": " +
+                    (dialog.isImageInformation() ? dialog.lblInformation() : dialog.lblVersion()));
+}
+
+void Dialogs::showModal(dlgLog& dialog) {
+    shown.push_back("log: " + dialog.text());
+}
+
+std::optional<fs::path> Dialogs::askSavePath(const std::string& suggestedName) {
+    shown.push_back("save: " + suggestedName);
+    return savePath;
+}
+
+void PageWriter::write(const Raster& page, const fs::path& path) const {
+    written.push_back(path.string() + " " + std::to_string(page.width) + "x" + std::to_string(page.height));
 }
 
 PropertyValue PropertyBag::ReadProperty(const std::string& key, const PropertyValue& defaultValue) const {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -182,6 +183,33 @@ public:
     Raster decode(std::span<const uint8_t> bytes) const override;
 
     mutable int decoded = 0;
+};
+
+/// Records what is shown; `onGoto` and the others act as the user in the window.
+class Dialogs : public pixmo::Dialogs {
+public:
+    void showModal(dlgGotoPage& dialog) override;
+    void showModal(dlgAbout& dialog) override;
+    void showModal(dlgLog& dialog) override;
+    std::optional<std::filesystem::path> askSavePath(const std::string& suggestedName) override;
+
+    std::vector<std::string> shown; ///< captions and texts
+    std::function<void(dlgGotoPage&)> onGoto;
+    std::optional<std::filesystem::path> savePath;
+};
+
+class Clipboard : public pixmo::Clipboard {
+public:
+    void setPicture(const Raster& picture) override { pictures.push_back(picture); }
+
+    std::vector<Raster> pictures;
+};
+
+class PageWriter : public pixmo::PageWriter {
+public:
+    void write(const Raster& page, const std::filesystem::path& path) const override;
+
+    mutable std::vector<std::string> written; ///< path and size
 };
 
 class PropertyBag : public pixmo::PropertyBag {

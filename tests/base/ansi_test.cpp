@@ -23,6 +23,12 @@ TEST(Ansi, AFaceMayNameItsSystemsCodePage) {
     cyrillic[0xE6] = 0x0436;
     setAnsiCodePage(cyrillic);
     EXPECT_EQ(toAnsi("\u0436\u00E6"), "\xE6?");
+    // Some pages put a character of their own among the first 128 codes.
+    CodePage japanese = windows1252();
+    japanese[0x5C] = 0x00A5;
+    setAnsiCodePage(japanese);
+    EXPECT_EQ(toAnsi("a\u00A5\\"), "a\\?");
+    EXPECT_EQ(fromAnsi("a\\"), "a\u00A5");
     setAnsiCodePage(windows1252());
     EXPECT_EQ(toAnsi("\u0436\u00E6"), "?\xE6");
 }

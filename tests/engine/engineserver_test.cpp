@@ -60,6 +60,7 @@ TEST_F(ServerTest, ServesClientsAtTheSameTime) {
     start();
     std::atomic<int> good = 0;
     std::vector<std::thread> clients;
+    clients.reserve(8);
     for (int number = 0; number < 8; ++number)
         clients.emplace_back([&, number] {
             const Viewer viewer{"key " + std::to_string(number), "\u00B7", "user" + std::to_string(number)};

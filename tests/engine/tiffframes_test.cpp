@@ -51,11 +51,11 @@ TEST(TiffFrames, DamageGivesNoFrameAndNoHarm) {
     EXPECT_EQ(countTiffFrames(folder.path() / "absent.tif"), 0U);
     EXPECT_FALSE(extractTiffFrame(folder.path() / "absent.tif", 0));
     size_t lost = 0;
-    for (unsigned seed = 0; seed < 300; ++seed) {
+    for (size_t seed = 0; seed < 300; ++seed) {
         auto damaged = whole;
-        const auto noise = sampleBytes(6, seed);
+        const auto noise = sampleBytes(6, static_cast<unsigned>(seed));
         for (const uint8_t byte : noise)
-            damaged[(byte * 7919U + seed * 104729U) % damaged.size()] = byte;
+            damaged[(byte * size_t{7919} + seed * 104729) % damaged.size()] = byte;
         damaged.resize(damaged.size() - seed * 7 % (damaged.size() / 2));
         folder.write("damaged.tif", damaged);
         const size_t count = countTiffFrames(folder.path() / "damaged.tif");

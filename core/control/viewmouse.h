@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/control/controlparts.h"
+
+#include <cstdint>
+
+namespace pixmo {
+
+/// Buttons of the mouse, by their code.
+namespace mouse_button {
+inline constexpr int32_t Left = 1;
+inline constexpr int32_t Right = 2;
+inline constexpr int32_t Middle = 4;
+} // namespace mouse_button
+
+/// The mouse over the page: drags that pan or draw a rubber band, wheel and gesture. All positions are
+/// device pixels of the view. While no page is displayed nothing happens.
+class ViewMouse {
+public:
+    explicit ViewMouse(ControlParts& parts) : parts_(parts) {}
+
+    void lvrImage_MouseDown(int32_t button, double x, double y);
+    void lvrImage_MouseMove(double x, double y);
+    void lvrImage_MouseUp(double x, double y);
+    /// Ends a drag as if it had not begun to draw: Escape, or the mouse was taken away.
+    void cancelDrag();
+
+    /// Notches of the wheel, up and right positive: scrolls, sideways with Shift (1), zooms about the
+    /// pointer with Ctrl (2).
+    void lvrImage_MouseWheel(double notchesX, double notchesY, int16_t shift, double x, double y);
+    /// A touchpad's own distances, device pixels.
+    void scrollPixels(double dx, double dy);
+    /// A pinch: zooms by the factor about the point, within the bounds of gestures.
+    void zoomByGesture(double factor, double x, double y);
+
+    bool isDragging() const { return drag_ != Drag::None; }
+
+private:
+    enum class Drag : uint8_t { None, Pan, Select };
+
+    void endDrag();
+    void drawBand(double x, double y);
+
+    ControlParts& parts_;
+    Drag drag_ = Drag::None;
+    double fromX_ = 0;
+    double fromY_ = 0;
+    int32_t fromScrollX_ = 0;
+    int32_t fromScrollY_ = 0;
+    double restX_ = 0; ///< parts of pixels that scrolling still owes
+    double restY_ = 0;
+};
+
+} // namespace pixmo

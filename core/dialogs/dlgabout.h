@@ -1,0 +1,45 @@
+#pragma once
+
+#include "core/diag/cerrobject.h"
+#include "core/imaging/raster.h"
+#include "core/platform/messagebox.h"
+
+#include <memory>
+#include <string>
+
+namespace pixmo {
+
+/// The About box, and, through ShowImageInfo, the window that describes the page on screen. Texts only: a
+/// face shows them with the button `cmdOK`.
+class dlgAbout {
+public:
+    /// The message box outlives the window.
+    explicit dlgAbout(MessageBox* messageBox);
+
+    cErrObject& ERRR() const { return *errorObject_; }
+    /// Taken instead of the window's own; outlives it.
+    void setERRR(cErrObject& errorObject) { errorObject_ = &errorObject; }
+
+    /// Describes the picture as stored, nullptr for none; no line for a document that is "0" or empty.
+    void ShowImageInfo(const Raster* picture, const std::string& docID);
+
+    const std::string& Caption() const { return caption_; }
+    const std::string& lblVersion() const { return version_; }
+    const std::string& lblDescription() const { return description_; }
+    /// Lines end in CR LF but for the last; empty in the About box.
+    const std::string& lblInformation() const { return information_; }
+    bool isImageInformation() const { return !information_.empty(); }
+
+private:
+    void describe(const Raster& picture, const std::string& docID);
+
+    std::unique_ptr<cErrObject> ownErrorObject_;
+    cErrObject* errorObject_;
+    MessageBox* messageBox_;
+    std::string caption_;
+    std::string version_;
+    std::string description_;
+    std::string information_;
+};
+
+} // namespace pixmo

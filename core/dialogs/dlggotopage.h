@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace pixmo {
+
+/// Asks for a page number. A face shows the text box `txtPageNumber` with all its text selected and both
+/// buttons; `cmdOK` is the default, `cmdCancel` takes Escape.
+class dlgGotoPage {
+public:
+    static constexpr int16_t LargestPage = 32000;
+
+    const std::string& txtPageNumber() const { return text_; }
+    void setTxtPageNumber(std::string_view text) { text_ = text; }
+    /// The typed character as it enters the box: itself for a digit and for backspace (8), else 0.
+    static int16_t txtPageNumber_KeyPress(int16_t keyAscii);
+
+    void cmdOK_Click() {}
+    void cmdCancel_Click() { text_ = "0"; }
+
+    void setPageNumber(int16_t page) { text_ = std::to_string(page); }
+    /// 0 means cancelled; at most LargestPage. Puts the box's text in order.
+    int16_t PageNumber();
+
+private:
+    std::string text_;
+};
+
+} // namespace pixmo

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "core/base/event.h"
+#include "core/base/toolbar.h"
+#include "core/control/controlparts.h"
+#include "core/platform/settingsstore.h"
+#include "core/platform/timer.h"
+#include "core/platform/viewsurface.h"
+#include "core/thumbs/thumbgrid.h"
+#include "core/thumbs/thumbpictures.h"
+#include "core/thumbs/thumbselection.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace pixmo {
+
+/// What the thumbnail window asks about the document.
+class ThumbDocument {
+public:
+    virtual ~ThumbDocument() = default;
+
+    virtual int16_t pageCount() const = 0;
+    virtual int16_t currentPage() const = 0;
+    /// Whether the reader waits for a page: then no thumbnail is asked for.
+    virtual bool isReaderWaiting() const = 0;
+    virtual bool isPagePending(int16_t page) const = 0;
+    virtual bool isPageCached(int16_t page) const = 0;
+    virtual std::string transferProblem() const = 0;
+    /// Port's job of the image help: the page file restored and decoded. Status 0, or an error whose text
+    /// is in `problem`.
+    virtual int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
+                             std::string& problem) const = 0;
+};
+
+/// Position and size of a window, device-independent pixels of the desktop.
+struct FormPosition {
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t width = 0;
+    int32_t height = 0;
+    bool operator==(const FormPosition&) const = default;
+};
+
+/// The window that lists every page as a thumbnail. Pages count from 1; positions are device-independent
+/// pixels of its picture area.
+class dlgThumbs : public ThumbnailWindow {
+public:
+    static constexpr int32_t SmallestFactor = 20; ///< percent
+    static constexpr int32_t LargestFactor = 300;
+
+    /// All outlive the window.
+    dlgThumbs(const ThumbDocument& document, TimerFactory& timers, SettingsStore& settings,
+              ViewSurface& surface);
+
+    Event<int16_t> ItemSelected;                       ///< the page to jump to
+    Event<int16_t> LoadThumbImage;                     ///< the page to be posted
+    Event<const std::vector<int16_t>&> PrintSelection; ///< the pages, in order
+    Event<> Changed;                                   ///< selection, size, toolbar or scroll position
+
+    void PostImageToThumbnail(int16_t page, const std::filesystem::path& file, int32_t encBytes) override;
+    void reset() override;
+    /// Page count or current page have changed; follows the current page.
+    void documentChanged();
+    void resized();
+
+    /// The visible thumbnails are loaded from this timer.
+    void tmrLoad_Timer();
+    void retry(int16_t page);
+
+    void larger() { setItemSizeFactor(itemSizeFactor_ + 10); }
+    void smaller() { setItemSizeFactor(itemSizeFactor_ - 10); }
+    int32_t itemSizeFactor() const { return itemSizeFactor_; }
+    void setItemSizeFactor(int32_t percent);
+
+    void click(int32_t x, int32_t y, int16_t shift);
+    void doubleClick(int32_t x, int32_t y);
+    void bandStart(int32_t x, int32_t y, int16_t shift);
+    void bandMove(int32_t x, int32_t y);
+    void bandEnd();
+    bool isBandShown() const { return bandActive_; }
+    Rectangle band() const { return band_; }
+    void scrollTo(int32_t position);
+    /// Virtual-key codes; whether the key means something.
+    bool keyDown(int16_t keyCode, int16_t shift);
+    void selectAll();
+    void printSelection();
+    std::vector<int16_t> selectedPages() const;
+
+    const ThumbGrid& grid() const { return grid_; }
+    const ThumbSelection& selection() const { return selection_; }
+    ThumbState state(int16_t page) const { return pictures_.state(page - 1); }
+    std::string reason(int16_t page) const { return pictures_.reason(page - 1); }
+    const ThumbPicture* picture(int16_t page) { return pictures_.picture(page - 1); }
+    size_t pixelCount() const { return pictures_.pixelCount(); }
+
+    bool mnuPopToolbar = true;
+    bool mnuPopup1LargeButtons = true;
+    bool mnuPopup1ButtonCaptions = false;
+    void LoadSettings();
+    void SaveSettings();
+    /// The kept position, or the default, moved onto the screens (their usable areas).
+    FormPosition LoadFormPosition(const std::vector<Rectangle>& screens, const FormPosition& fallback) const;
+    void SaveFormPosition(const FormPosition& position);
+
+private:
+    bool isWanted(int16_t page) const;
+    void settle();
+    int16_t nextWanted() const;
+    void startLoading();
+    void changed();
+    void moveFocus(int32_t item, int16_t shift);
+    std::set<int32_t> itemsIn(const Rectangle& rectangle) const;
+
+    const ThumbDocument& document_;
+    SettingsStore& settings_;
+    ViewSurface& surface_;
+    std::unique_ptr<Timer> tmrLoad_;
+    ThumbGrid grid_;
+    ThumbSelection selection_;
+    ThumbPictures pictures_;
+    std::set<int16_t> loading_;
+    int32_t itemSizeFactor_ = 100;
+    int16_t followedPage_ = 0;
+    bool bandActive_ = false;
+    int32_t bandX_ = 0;
+    int32_t bandY_ = 0; ///< in the whole list, not in the window
+    Rectangle band_;
+    std::set<int32_t> bandBefore_;
+};
+
+} // namespace pixmo

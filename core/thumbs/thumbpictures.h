@@ -1,0 +1,59 @@
+#pragma once
+
+#include "core/imaging/raster.h"
+#include "core/imaging/rectangle.h"
+
+#include <cstdint>
+#include <list>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace pixmo {
+
+enum class ThumbState : uint8_t { Empty, Loading, Shown, Failed };
+
+/// A reduced page: 0xFFRRGGBB, rows top to bottom without gaps.
+struct ThumbPicture {
+    Size size; ///< device pixels
+    std::vector<uint32_t> pixels;
+};
+
+/// The reduced pictures and the states of all items. Holds no more than its budget of pixels: what was not
+/// looked at for longest goes first and is Empty again.
+class ThumbPictures {
+public:
+    static constexpr size_t PixelBudget = 16 * 1024 * 1024;
+
+    ThumbState state(int32_t item) const;
+    /// Why the item failed.
+    std::string reason(int32_t item) const;
+    /// nullptr unless Shown. Counts as looking at it.
+    const ThumbPicture* picture(int32_t item);
+
+    void setLoading(int32_t item);
+    void setFailed(int32_t item, std::string reason);
+    void setPicture(int32_t item, ThumbPicture picture);
+    void setEmpty(int32_t item);
+    void clear();
+    /// Forgets the pictures, which have another size now; what failed stays failed.
+    void dropPictures();
+    size_t pixelCount() const { return pixels_; }
+
+private:
+    struct Entry {
+        ThumbState state = ThumbState::Empty;
+        std::string reason;
+        ThumbPicture picture;
+        std::list<int32_t>::iterator use;
+    };
+
+    void release(Entry& entry);
+    void keepBudget(int32_t newest);
+
+    std::unordered_map<int32_t, Entry> entries_;
+    std::list<int32_t> used_; ///< items that hold a picture, the one looked at last in front
+    size_t pixels_ = 0;
+};
+
+} // namespace pixmo
