@@ -16,6 +16,8 @@ constexpr int LookMilliseconds = 20;
 
 ScreenshotJob::ScreenshotJob(const Options& options) : options_(options) {
     view_.setUnattended(true);
+    // The picture does not depend on where the mouse happens to be.
+    view_.setAttribute(Qt::WA_TransparentForMouseEvents);
     configure(view_, options_);
     view_.setEngineAddress(options_.document.engine);
     view_.resize(options_.size.isEmpty() ? view_.sizeHint() : options_.size);

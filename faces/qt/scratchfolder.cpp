@@ -45,13 +45,12 @@ void removeIfLeft(const fs::path& folder) {
     close(lock);
 }
 
-bool removeLeftFolders() {
+void removeLeftFolders() {
     std::error_code problem;
     for (fs::directory_iterator entry(fs::temp_directory_path(problem), problem), end;
          !problem && entry != end; entry.increment(problem))
         if (entry->path().filename().string().starts_with(Prefix))
             removeIfLeft(entry->path());
-    return true;
 }
 
 } // namespace
@@ -67,8 +66,7 @@ ScratchFolder::~ScratchFolder() {
 fs::path ScratchFolder::path() {
     if (!folder_.empty())
         return folder_;
-    static const bool leftRemoved = removeLeftFolders();
-    static_cast<void>(leftRemoved);
+    removeLeftFolders();
     std::string name = (fs::temp_directory_path() / (std::string(Prefix) + "XXXXXX")).string();
     if (!mkdtemp(name.data()))
         throw pathFileAccessError();
