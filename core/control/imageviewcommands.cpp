@@ -94,6 +94,10 @@ std::string ImageView::currentTag() const {
            parts_.properties.Delimiter + std::to_string(parts_.session.currentPage);
 }
 
+bool ImageView::isPageAwaited() const {
+    return isContacting() || session_.tmrDelay().isRunning() || parts_.session.pending.contains(currentTag());
+}
+
 std::string ImageView::viewNotice() const {
     const SessionState& session = parts_.session;
     if (session.currentDocument == 0 || isPageDisplayed())
@@ -101,7 +105,7 @@ std::string ImageView::viewNotice() const {
     if (isContacting())
         return "Contacting the server\u2026";
     const std::string page = "Page " + std::to_string(std::max<int16_t>(session.currentPage, 1));
-    if (session.pending.contains(currentTag()) || session_.tmrDelay().isRunning())
+    if (isPageAwaited())
         return "Loading page " + std::to_string(session.currentPage) + "\u2026";
     if (session.currentPage == 0)
         return {};
