@@ -146,9 +146,11 @@ void MainWindow::open(const DocumentAddress& document) {
 
 void MainWindow::askForDocument() {
     ViewerSettings settings;
-    const DocumentAddress last{settings.value(EngineSetting, engine_).toString(),
+    const DocumentAddress kept{settings.value(EngineSetting).toString(),
                                settings.value(DocumentSetting, 1).toInt(),
                                settings.value(PageSetting, 1).toInt()};
+    const DocumentAddress shown{engine_, view_->docID(), qMax<int>(view_->page(), 1)};
+    const DocumentAddress& last = shown.document == 0 ? kept : shown;
     OpenDialog dialog(last, this);
     if (dialog.exec() != QDialog::Accepted)
         return;

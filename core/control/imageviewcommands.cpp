@@ -90,6 +90,11 @@ bool ImageView::isContacting() const {
     return parts_.session.pending.contains("IC");
 }
 
+bool ImageView::isPageAwaited() const {
+    return isContacting() || session_.tmrDelay().isRunning() ||
+           parts_.session.pending.contains(session_.pageTag(parts_.session.currentPage));
+}
+
 std::string ImageView::viewNotice() const {
     const SessionState& session = parts_.session;
     if (session.currentDocument == 0 || isPageDisplayed())
@@ -97,7 +102,7 @@ std::string ImageView::viewNotice() const {
     if (isContacting())
         return "Contacting the server\u2026";
     const std::string page = "Page " + std::to_string(std::max<int16_t>(session.currentPage, 1));
-    if (session.pending.contains(session_.pageTag(session.currentPage)) || session_.tmrDelay().isRunning())
+    if (isPageAwaited())
         return "Loading page " + std::to_string(session.currentPage) + "\u2026";
     if (session.currentPage == 0)
         return {};

@@ -1,9 +1,12 @@
 #include "faces/qt/commandtoolbar.h"
 
 #include "faces/qt/commandicon.h"
+#include "faces/qt/popupmenu.h"
 #include "faces/qt/texts.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
+#include <utility>
 
 namespace pixmo::qt {
 
@@ -11,8 +14,6 @@ CommandToolBar::CommandToolBar(QWidget* parent) : QToolBar(parent) {
     setMovable(false);
     setFloatable(false);
     setAccessibleName(tr("Page commands"));
-    // The bar's own menu would let the user hide it for good.
-    setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
 void CommandToolBar::mirror(const Toolbar& toolbar) {
@@ -30,6 +31,16 @@ void CommandToolBar::mirror(const Toolbar& toolbar) {
         setIconSize({toolbar.Images->size, toolbar.Images->size});
     for (const ToolButton& button : toolbar.Buttons)
         mirrorState(button, *actions_.value(toQt(button.Key)));
+}
+
+void CommandToolBar::setMenu(std::function<std::vector<MenuItem>()> menu,
+                             std::function<void(const std::string& key)> run) {
+    menu_ = std::move(menu);
+    run_ = std::move(run);
+}
+
+void CommandToolBar::contextMenuEvent(QContextMenuEvent* event) {
+    popUp(menu_(), event->globalPos(), this, run_);
 }
 
 // A command without its button cannot be given either.

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "core/base/toolbar.h"
+#include "core/control/menus.h"
 
 #include <QHash>
 #include <QToolBar>
+#include <functional>
 
 namespace pixmo::qt {
 
@@ -15,8 +17,14 @@ public:
     explicit CommandToolBar(QWidget* parent);
 
     void mirror(const Toolbar& toolbar);
+    /// The menu of the right mouse button, and who runs what is chosen.
+    void setMenu(std::function<std::vector<MenuItem>()> menu,
+                 std::function<void(const std::string& key)> run);
     /// nullptr for a key that no button ever had.
     QAction* commandAction(const QString& key) const { return actions_.value(key); }
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 Q_SIGNALS:
     void commandGiven(const QString& key);
@@ -27,6 +35,8 @@ private:
     static void mirrorState(const ToolButton& button, QAction& action);
 
     QHash<QString, QAction*> actions_;
+    std::function<std::vector<MenuItem>()> menu_;
+    std::function<void(const std::string& key)> run_;
     QStringList shownKeys_;
 };
 

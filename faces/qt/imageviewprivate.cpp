@@ -1,7 +1,9 @@
 #include "faces/qt/imageviewprivate.h"
 
 #include "codecs/pagecodecs.h"
+#include "faces/qt/clipboard.h"
 #include "faces/qt/container.h"
+#include "faces/qt/dialogs.h"
 #include "faces/qt/eventloop.h"
 #include "faces/qt/identity.h"
 #include "faces/qt/olecolour.h"
@@ -23,6 +25,8 @@ ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
       page_(new PageView(&widget)), status_(widget), messageBox_(std::make_shared<MessageBox>(link_)),
       reader_(std::make_shared<AsyncReader>()), control_(pixmo::ImageView::create(ports())) {
+    // This face has nothing that writes page files.
+    control_->commands().setForbidden("SAVEPAGE", true);
     control_->UserControl_InitProperties();
     page_->setControl(control_);
     widget_.setFocusProxy(page_);
@@ -34,6 +38,8 @@ ImageViewPrivate::ImageViewPrivate(ImageView& widget)
         if (alive)
             showInterface();
     });
+    toolbar_->setMenu([this] { return control()->tlbImage_MouseDown(); },
+                      [this](const std::string& key) { control()->runCommand(key); });
     watchProperties();
     connectEvents();
     connectPrintEvents();
@@ -60,6 +66,8 @@ ControlPorts ImageViewPrivate::ports() {
     ports.container = std::make_shared<Container>(link_);
     ports.viewSurface = std::make_shared<ViewSurface>(page_);
     ports.decoder = std::make_shared<PageCodecs>();
+    ports.dialogs = std::make_shared<Dialogs>(link_);
+    ports.clipboard = std::make_shared<Clipboard>();
     return ports;
 }
 

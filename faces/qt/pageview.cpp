@@ -1,10 +1,9 @@
 #include "faces/qt/pageview.h"
 
-#include "core/base/ansi.h"
 #include "faces/qt/texts.h"
-#include "faces/qt/virtualkeys.h"
 
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <utility>
 
@@ -14,6 +13,7 @@ namespace {
 
 /// How much of the former picture the veil hides.
 constexpr int VeilAlpha = 191;
+constexpr int BandAlpha = 40;
 constexpr int NoticeMargin = 12;
 
 Qt::CursorShape shapeOf(int32_t code) {
@@ -27,15 +27,6 @@ Qt::CursorShape shapeOf(int32_t code) {
     default:
         return Qt::ArrowCursor;
     }
-}
-
-bool isLoading(const pixmo::ImageView& control) {
-    return control.parts().session.pending.Count() > 0 || control.session().tmrDelay().isRunning();
-}
-
-/// Keys that the control acts on; all others reach the host's window too.
-bool belongsToControl(int key) {
-    return (key >= Qt::Key_Home && key <= Qt::Key_PageDown);
 }
 
 void mirror(QScrollBar& bar, const ScrollBar& source) {
@@ -81,7 +72,7 @@ void PageView::refreshNotice() {
     if (!control)
         return;
     const QString notice = linesToQt(control->viewNotice());
-    setAccessibleDescription(notice.isEmpty() ? toQt(control->txtPage()) : notice);
+    setAccessibleDescription(notice.isEmpty() ? toQt(control->viewDescription()) : notice);
     viewport()->update();
 }
 
@@ -141,7 +132,7 @@ void PageView::paintEvent(QPaintEvent*) {
     const QColor background =
         control ? QColor::fromRgb(control->lvrImage().background()) : palette().color(QPalette::Window);
     const QString notice = control ? linesToQt(control->viewNotice()) : QString();
-    if (!control || (!notice.isEmpty() && !isLoading(*control)))
+    if (!control || (!notice.isEmpty() && !control->isPageAwaited()))
         painter.fillRect(viewport()->rect(), background);
     else
         paintPicture(painter);
@@ -149,6 +140,7 @@ void PageView::paintEvent(QPaintEvent*) {
         paintNotice(painter, notice);
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Highlight));
+        painter.setBrush(Qt::NoBrush);
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
     }
 }
@@ -169,6 +161,7 @@ void PageView::paintPicture(QPainter& painter) {
         {reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(), stride});
     image_.setDevicePixelRatio(ratio);
     painter.drawImage(QPoint(0, 0), image_);
+    paintRubberBand(painter);
 }
 
 void PageView::paintNotice(QPainter& painter, const QString& notice) {
@@ -176,9 +169,30 @@ void PageView::paintNotice(QPainter& painter, const QString& notice) {
     QColor veil = QColor::fromRgb(control->lvrImage().background());
     veil.setAlpha(VeilAlpha);
     painter.fillRect(viewport()->rect(), veil);
-    const QRect room = viewport()->rect().adjusted(NoticeMargin, NoticeMargin, -NoticeMargin, -NoticeMargin);
+    const QMargins margins(NoticeMargin, NoticeMargin, NoticeMargin, NoticeMargin);
+    const QRect room = viewport()->rect().marginsRemoved(margins * 2);
+    const int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const QRect plate = painter.boundingRect(room, flags, notice).marginsAdded(margins);
+    painter.setPen(palette().color(QPalette::Dark));
+    painter.setBrush(palette().color(QPalette::Window));
+    painter.drawRect(plate);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, notice);
+    painter.drawText(room, flags, notice);
+}
+
+void PageView::paintRubberBand(QPainter& painter) {
+    const auto control = control_.lock();
+    if (!control->lvrImage().rubberBandActive)
+        return;
+    const RealRectangle& band = control->lvrImage().rubberBand;
+    const double ratio = devicePixelRatioF();
+    const QRect shown =
+        QRectF(band.left / ratio, band.top / ratio, band.width / ratio, band.height / ratio).toRect();
+    QColor fill = palette().color(QPalette::Highlight);
+    painter.setPen(fill);
+    fill.setAlpha(BandAlpha);
+    painter.setBrush(fill);
+    painter.drawRect(shown);
 }
 
 void PageView::focusInEvent(QFocusEvent* event) {
@@ -189,45 +203,6 @@ void PageView::focusInEvent(QFocusEvent* event) {
 void PageView::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     viewport()->update();
-}
-
-// A slot of the host may end this view.
-void PageView::keyPressEvent(QKeyEvent* event) {
-    const auto control = control_.lock();
-    event->setAccepted(belongsToControl(event->key()));
-    int16_t keyCode = virtualKey(*event);
-    int16_t shift = shiftState(event->modifiers());
-    const std::string text = event->text().left(1).toStdString();
-    if (!control)
-        return;
-    if (keyCode != 0)
-        control->UserControl_KeyDown(keyCode, shift);
-    // A host that takes the key away takes its character too.
-    const bool taken = virtualKey(*event) != 0 && keyCode == 0;
-    if (text.empty() || taken)
-        return;
-    auto keyAscii = static_cast<int16_t>(static_cast<unsigned char>(toAnsi(text).front()));
-    control->UserControl_KeyPress(keyAscii);
-}
-
-void PageView::keyReleaseEvent(QKeyEvent* event) {
-    const auto control = control_.lock();
-    event->setAccepted(belongsToControl(event->key()));
-    int16_t keyCode = virtualKey(*event);
-    int16_t shift = shiftState(event->modifiers());
-    if (control && keyCode != 0 && !event->isAutoRepeat())
-        control->UserControl_KeyUp(keyCode, shift);
-}
-
-void PageView::mouseDoubleClickEvent(QMouseEvent*) {
-    if (const auto control = control_.lock())
-        control->UserControl_DblClick();
-}
-
-void PageView::mouseReleaseEvent(QMouseEvent* event) {
-    const auto control = control_.lock();
-    if (control && event->button() == Qt::LeftButton)
-        control->UserControl_Click();
 }
 
 } // namespace pixmo::qt

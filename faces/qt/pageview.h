@@ -25,26 +25,31 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     QSize deviceSize(QSize size) const;
     void paintPicture(QPainter& painter);
     void paintNotice(QPainter& painter, const QString& notice);
+    void paintRubberBand(QPainter& painter);
+    QPointF devicePoint(QPointF point) const { return point * devicePixelRatioF(); }
     void showBars();
     void mirrorBars();
 
     std::weak_ptr<pixmo::ImageView> control_;
     QImage image_;
-    QString notice_;
     double ratio_ = 0;
     bool mirroring_ = false;
 };

@@ -10,6 +10,7 @@
 #include <QNetworkRequest>
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace pixmo::qt {
 
@@ -18,6 +19,7 @@ namespace {
 constexpr int MostRedirects = 10;
 constexpr int ProgressMilliseconds = 50;
 constexpr int64_t BytesInMiB = 1'048'576;
+constexpr double MillisecondsInSecond = 1000;
 
 QString translated(const char* text) {
     return QCoreApplication::translate("Transfer", text);
@@ -62,13 +64,13 @@ int32_t clamped(int64_t count) {
 
 Transfer::Transfer(QNetworkAccessManager& network, const AsyncRequest& request, const TransferLimits& limits,
                    Report progress, Report completed)
-    : request_(request), limits_(limits), progress_(std::move(progress)), completed_(std::move(completed)) {
-    const QUrl url = addressOf(request.Target);
+    : request_(request), limits_(limits), progress_(std::move(progress)), completed_(std::move(completed)),
+      network_(&network) {
+    static_cast<void>(addressOf(request.Target));
     if (request_.Type == AsyncType::File)
         openFile();
-    reply_ = network.get(networkRequest(url));
-    reply_->setParent(this);
-    watch();
+    startTimers();
+    ask();
 }
 
 Transfer::~Transfer() {
@@ -82,17 +84,27 @@ void Transfer::openFile() {
         throw pathFileAccessError();
 }
 
-void Transfer::watch() {
+void Transfer::startTimers() {
     stall_.setSingleShot(true);
     stall_.setInterval(limits_.stallMilliseconds);
     progressPause_.setSingleShot(true);
     progressPause_.setInterval(ProgressMilliseconds);
     connect(&stall_, &QTimer::timeout, this, [this] {
         fail(translated("The server has sent nothing for %1 seconds.")
-                 .arg(limits_.stallMilliseconds / 1000.0));
+                 .arg(limits_.stallMilliseconds / MillisecondsInSecond));
     });
     connect(&progressPause_, &QTimer::timeout, this,
             [this] { progress_(record(AsyncStatus::DownloadingData)); });
+    stall_.start();
+}
+
+void Transfer::ask() {
+    reply_ = network_->get(networkRequest(addressOf(request_.Target)));
+    reply_->setParent(this);
+    watch();
+}
+
+void Transfer::watch() {
     const auto alive = [this] { stall_.start(); };
     connect(reply_, &QNetworkReply::encrypted, this, alive);
     connect(reply_, &QNetworkReply::requestSent, this, alive);
@@ -100,9 +112,14 @@ void Transfer::watch() {
     connect(reply_, &QNetworkReply::metaDataChanged, this, alive);
     connect(reply_, &QNetworkReply::readyRead, this, [this] { receive(); });
     connect(reply_, &QNetworkReply::finished, this, [this] { finish(); });
-    stall_.start();
     if (reply_->isFinished())
         finish();
+}
+
+/// A connection that was kept alive may have ended just when the request went out on it.
+bool Transfer::diedBeforeAnswering() const {
+    return reply_->error() == QNetworkReply::RemoteHostClosedError && received_ == 0 &&
+           !reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).isValid();
 }
 
 void Transfer::receive() {
@@ -133,6 +150,12 @@ void Transfer::finish() {
         receive();
     if (over_)
         return;
+    if (diedBeforeAnswering() && network_ && !std::exchange(askedAgain_, true)) {
+        reply_->disconnect(this);
+        reply_->deleteLater();
+        ask();
+        return;
+    }
     failure_ = problem();
     if (failure_.isEmpty() && request_.Type == AsyncType::File && !file_.flush())
         failure_ = translated("The page cannot be stored: %1.").arg(file_.errorString());

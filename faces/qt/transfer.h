@@ -3,12 +3,12 @@
 #include "core/platform/asyncreader.h"
 
 #include <QFile>
+#include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <functional>
-
-class QNetworkAccessManager;
 
 namespace pixmo::qt {
 
@@ -37,7 +37,10 @@ public:
 
 private:
     void openFile();
+    void startTimers();
+    void ask();
     void watch();
+    bool diedBeforeAnswering() const;
     void receive();
     void keep(const QByteArray& data);
     void noteProgress();
@@ -52,7 +55,9 @@ private:
     const TransferLimits limits_;
     Report progress_;
     Report completed_;
+    const QPointer<QNetworkAccessManager> network_;
     QNetworkReply* reply_ = nullptr;
+    bool askedAgain_ = false;
     QFile file_;
     QByteArray bytes_;
     int64_t received_ = 0;

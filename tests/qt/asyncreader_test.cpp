@@ -98,6 +98,14 @@ TEST_F(AsyncReaderTest, AsksTheServerItselfOverOneConnection) {
     EXPECT_TRUE(server.requests().at(0).toLower().contains("cache-control: no-cache"));
 }
 
+TEST_F(AsyncReaderTest, AsksOnceMoreWhenAConnectionDiesBeforeTheAnswer) {
+    server.answerWith("", RawServer::Then::Reset);
+    reader->AsyncRead(request(server.address()));
+    ASSERT_TRUE(waitFor([&] { return !server.requests().empty(); }));
+    server.answerWithBody("fine");
+    EXPECT_EQ(textOf(completion()), "fine");
+}
+
 TEST_F(AsyncReaderTest, FollowsRedirections) {
     RawServer other;
     other.answerWithBody("from elsewhere");

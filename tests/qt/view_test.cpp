@@ -111,12 +111,12 @@ TEST_F(View, AHostThatTakesAKeyTakesItsCharacter) {
 TEST_F(View, MirrorsTheToolbar) {
     const auto enabled = [&](const char* key) { return view->action(QLatin1String(key))->isEnabled(); };
     EXPECT_FALSE(enabled("PAGENEXT"));
-    EXPECT_FALSE(enabled("PRINT"));
+    EXPECT_FALSE(enabled("FITWIDTH"));
     EXPECT_EQ(view->action(QStringLiteral("THUMBS")), nullptr);
     open(2);
     EXPECT_TRUE(enabled("PAGENEXT"));
     EXPECT_TRUE(enabled("PAGEPREV"));
-    EXPECT_TRUE(enabled("PRINT"));
+    EXPECT_TRUE(enabled("FITWIDTH"));
     EXPECT_FALSE(enabled("CANCEL"));
     EXPECT_EQ(view->action(QStringLiteral("PAGENEXT"))->toolTip(), QStringLiteral("Next page"));
     QAction* const pan = view->action(QStringLiteral("PAN"));
@@ -166,7 +166,7 @@ TEST_F(View, KeepsItsPartsInsideHoweverSmall) {
 TEST_F(View, NamesItsPartsForScreenReaders) {
     open(3);
     EXPECT_EQ(page().accessibleName(), QStringLiteral("Page"));
-    EXPECT_EQ(page().accessibleDescription(), QStringLiteral("Page 3 of 12"));
+    EXPECT_TRUE(page().accessibleDescription().startsWith(QStringLiteral("Page 3 of 12, ")));
     for (const QWidget* child : view->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         EXPECT_FALSE(child->accessibleName().isEmpty()) << child->metaObject()->className();
 }

@@ -1,0 +1,30 @@
+#include "faces/qt/popupmenu.h"
+
+#include "faces/qt/texts.h"
+
+#include <QMenu>
+#include <utility>
+
+namespace pixmo::qt {
+
+void popUp(const std::vector<MenuItem>& items, QPoint place, QWidget* parent,
+           std::function<void(const std::string& key)> run) {
+    if (items.empty())
+        return;
+    auto* const menu = new QMenu(parent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const MenuItem& item : items) {
+        if (item.separator) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* const action = menu->addAction(toQt(item.text));
+        action->setEnabled(item.enabled);
+        action->setCheckable(item.checkable);
+        action->setChecked(item.checked);
+        QObject::connect(action, &QAction::triggered, menu, [run, key = item.key] { run(key); });
+    }
+    menu->popup(place);
+}
+
+} // namespace pixmo::qt
