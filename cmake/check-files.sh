@@ -33,7 +33,8 @@ checkScripts() {
 }
 
 # Each header compiles alone: it includes what it uses. As an object, so that the compiler cache serves it.
-# The control library's headers need its own system and are left to its own build.
+# A header that its own source includes before anything else is proved by the build. The control library's
+# headers need its own system and are left to its own build.
 checkHeaders() {
     local compile=("${CXX:-g++}" -std=c++20 -fPIC -w "-I$root") without=(faces/com) header flags
     command -v ccache >/dev/null && compile=(ccache "${compile[@]}")
@@ -46,9 +47,10 @@ checkHeaders() {
     rm -rf "$objects"
     mkdir -p "$objects"
     while IFS= read -r header; do
+        grep -m1 '^#include' "${header%.h}.cpp" 2>/dev/null | grep -qF "\"$header\"" && continue
         echo "#include \"$header\"" >"$objects/${header//\//_}.cpp"
     done < <(find "${rooms[@]}" -name '*.h' | grep -v "${without[@]/#/-e^}")
-    (cd "$objects" && printf '%s\0' *.cpp | xargs -0 -P "$(nproc)" -I{} "${compile[@]}" -c {} -o {}.o) ||
+    (cd "$objects" && find . -name '*.cpp' -print0 | xargs -0 -r -P "$(nproc)" -I{} "${compile[@]}" -c {} -o {}.o) ||
         bad "a header does not compile alone"
 }
 

@@ -11,21 +11,13 @@
 #include "core/imaging/cleadimagefunctions.h"
 #include "core/imaging/rasterview.h"
 #include "core/protocol/cclienthandlers.h"
+#include "core/thumbs/thumbnailwindow.h"
 
 #include <functional>
 #include <memory>
 #include <string>
 
 namespace pixmo {
-
-/// The window that lists the pages, as far as the session knows it.
-class ThumbnailWindow {
-public:
-    virtual ~ThumbnailWindow() = default;
-
-    virtual void PostImageToThumbnail(int16_t page, const std::filesystem::path& file, int32_t encBytes) = 0;
-    virtual void reset() = 0;
-};
 
 /// What the classes of one control share.
 struct ControlParts {

@@ -12,6 +12,7 @@
 #include "core/platform/pagewriter.h"
 #include "core/platform/scratchfolder.h"
 #include "core/platform/settingsstore.h"
+#include "core/platform/thumbnailhost.h"
 #include "core/platform/timer.h"
 #include "core/platform/viewsurface.h"
 
@@ -36,6 +37,7 @@ struct ControlPorts {
     std::shared_ptr<Dialogs> dialogs;
     std::shared_ptr<Clipboard> clipboard;
     std::shared_ptr<PageWriter> pageWriter;
+    std::shared_ptr<ThumbnailHost> thumbnailHost; ///< may be missing: then there are no thumbnails
 };
 
 } // namespace pixmo

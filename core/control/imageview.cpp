@@ -39,11 +39,13 @@ ImageView::ImageView(ControlPorts ports)
       responses_(parts_, session_, transfers_,
                  [this](const std::string& name, const std::string& value) { setProperty(name, value); }),
       commandBar_(parts_.utilities), commands_(parts_, session_, transfers_, commandBar_, debug_),
-      mouse_(parts_) {
+      mouse_(parts_), thumbnails_(parts_, session_) {
     session_.setTransfers(transfers_);
     parts_.updateUI = [this] { UpdateUI(); };
     parts_.leadImageHelp.DebugPrint.connect([this](const std::string& line) { trace(line); });
     commands_.ToolbarStyleChanged.connect([this] { UpdateUI(); });
+    commands_.canShowThumbs = parts_.ports.thumbnailHost != nullptr;
+    commands_.ThumbnailsRequested.connect([this] { thumbnails_.ShowThumbNails(); });
 }
 
 ImageView::~ImageView() {
@@ -169,6 +171,7 @@ void ImageView::UserControl_Terminate() {
     parts_.procedure("UserControl_Terminate")
         .step([this] { trace("UserControl_Terminate Fired."); })
         .step([this] { writeUserSettings(); })
+        .step([this] { thumbnails_.close(); })
         .step([this] { transfers_.CancelDownloads(); })
         .step([this] { session_.Clear(); });
     parts_.scope->ended = true;

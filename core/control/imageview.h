@@ -10,6 +10,7 @@
 #include "core/control/propertytable.h"
 #include "core/control/responses.h"
 #include "core/control/session.h"
+#include "core/control/thumbnails.h"
 #include "core/control/transfers.h"
 #include "core/control/viewmouse.h"
 #include "core/platform/propertybag.h"
@@ -77,6 +78,7 @@ public:
     Commands& commands() { return commands_; }
     const Commands& commands() const { return commands_; }
     ViewMouse& mouse() { return mouse_; }
+    Thumbnails& thumbnails() { return thumbnails_; }
 
     ControlEvents& events() { return parts_.events; }
     /// Something that a face draws beside the page has changed: toolbar, read-out, status, pointer.
@@ -126,7 +128,6 @@ private:
     void letProperty(const PropertyRow& row, const PropertyValue& value);
     void UpdateUI();
     bool isContacting() const;
-    std::string currentTag() const;
     void tmrDelay_Timer() { session_.tmrDelay_Timer(); }
     void tmrResizeDelay_Timer();
     void tmrRunResize_Timer();
@@ -141,6 +142,7 @@ private:
     DebugTrace debug_;
     Commands commands_;
     ViewMouse mouse_;
+    Thumbnails thumbnails_;
     std::unique_ptr<Timer> tmrResizeDelay_;
     std::unique_ptr<Timer> tmrRunResize_;
     int32_t savedGrayScale_ = NoGrayScaleSaved;

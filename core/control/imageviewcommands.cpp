@@ -29,6 +29,7 @@ void ImageView::UpdateUI() {
             parts_.showPointer(parts_.session.pending.Count() > 0 ? Pointer::ArrowHourglass
                                                                   : Pointer::Default);
         commands_.refreshToolbar();
+        thumbnails_.follow();
         InterfaceChanged.raise();
     });
 }
@@ -89,13 +90,9 @@ bool ImageView::isContacting() const {
     return parts_.session.pending.contains("IC");
 }
 
-std::string ImageView::currentTag() const {
-    return "GP" + parts_.properties.Delimiter + std::to_string(parts_.session.currentDocument) +
-           parts_.properties.Delimiter + std::to_string(parts_.session.currentPage);
-}
-
 bool ImageView::isPageAwaited() const {
-    return isContacting() || session_.tmrDelay().isRunning() || parts_.session.pending.contains(currentTag());
+    return isContacting() || session_.tmrDelay().isRunning() ||
+           parts_.session.pending.contains(session_.pageTag(parts_.session.currentPage));
 }
 
 std::string ImageView::viewNotice() const {

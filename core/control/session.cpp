@@ -218,6 +218,11 @@ void Session::requestPage(int32_t docID, int16_t page) {
         transfers_->start(address.target, tag, AsyncType::File, Transfers::TagIsAdded::AfterStart);
 }
 
+std::string Session::pageTag(int16_t page) const {
+    const std::string& delimiter = parts_.properties.Delimiter;
+    return "GP" + delimiter + std::to_string(state().currentDocument) + delimiter + std::to_string(page);
+}
+
 void Session::keepPageFile(int16_t page, const std::filesystem::path& file) {
     const std::filesystem::path former = state().pages.file(page);
     std::error_code ignored;

@@ -37,6 +37,8 @@ public:
     void clearCache();
     void requestBookmark();
 
+    /// The tag of the transfer that fetches the page of the current document.
+    std::string pageTag(int16_t page) const;
     bool IsPageCached(int16_t page) const { return parts_.session.pages.IsPageCached(page); }
     /// Takes a downloaded page file into the cache.
     void keepPageFile(int16_t page, const std::filesystem::path& file);

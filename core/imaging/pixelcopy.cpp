@@ -19,15 +19,16 @@ void fillByteColours(ByteColours& table, const std::array<uint32_t, 2>& colours)
 void copyBits(const ByteColours& table, std::span<const uint8_t> row, size_t left, std::span<uint32_t> out) {
     const auto shift = static_cast<unsigned>(left % 8);
     const auto byteAt = [&](size_t i) {
+        const unsigned byte = row[i];
         const unsigned next = i + 1 < row.size() ? row[i + 1] : 0U;
-        return static_cast<uint8_t>((row[i] << 8U | next) >> (8 - shift));
+        return static_cast<uint8_t>((byte << 8U | next) >> (8 - shift));
     };
-    size_t byte = left / 8;
+    size_t at = left / 8;
     size_t x = 0;
     for (; x + 8 <= out.size(); x += 8)
-        std::copy_n(table[byteAt(byte++)].data(), 8, out.data() + x);
+        std::copy_n(table[byteAt(at++)].data(), 8, out.data() + x);
     if (x < out.size())
-        std::copy_n(table[byteAt(byte)].data(), out.size() - x, out.data() + x);
+        std::copy_n(table[byteAt(at)].data(), out.size() - x, out.data() + x);
 }
 
 void copyGray(std::span<const uint8_t> row, size_t left, std::span<uint32_t> out) {

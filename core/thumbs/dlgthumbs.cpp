@@ -1,5 +1,6 @@
 #include "core/thumbs/dlgthumbs.h"
 
+#include "core/base/error.h"
 #include "core/base/text.h"
 #include "core/diag/settings.h"
 #include "core/imaging/reducer.h"

@@ -2,11 +2,12 @@
 
 #include "core/base/event.h"
 #include "core/base/toolbar.h"
-#include "core/control/controlparts.h"
 #include "core/platform/settingsstore.h"
 #include "core/platform/timer.h"
 #include "core/platform/viewsurface.h"
+#include "core/thumbs/thumbdocument.h"
 #include "core/thumbs/thumbgrid.h"
+#include "core/thumbs/thumbnailwindow.h"
 #include "core/thumbs/thumbpictures.h"
 #include "core/thumbs/thumbselection.h"
 
@@ -19,24 +20,6 @@
 #include <vector>
 
 namespace pixmo {
-
-/// What the thumbnail window asks about the document.
-class ThumbDocument {
-public:
-    virtual ~ThumbDocument() = default;
-
-    virtual int16_t pageCount() const = 0;
-    virtual int16_t currentPage() const = 0;
-    /// Whether the reader waits for a page: then no thumbnail is asked for.
-    virtual bool isReaderWaiting() const = 0;
-    virtual bool isPagePending(int16_t page) const = 0;
-    virtual bool isPageCached(int16_t page) const = 0;
-    virtual std::string transferProblem() const = 0;
-    /// Port's job of the image help: the page file restored and decoded. Status 0, or an error whose text
-    /// is in `problem`.
-    virtual int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
-                             std::string& problem) const = 0;
-};
 
 /// Position and size of a window, device-independent pixels of the desktop.
 struct FormPosition {

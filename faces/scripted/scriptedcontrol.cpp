@@ -22,8 +22,8 @@ void ScriptedControl::destroy() {
 }
 
 ControlPorts ScriptedControl::ports() const {
-    return {messageBox, eventLoop, timers,      reader,  settings, identity,  clock,
-            scratch,    container, viewSurface, decoder, dialogs,  clipboard, pageWriter};
+    return {messageBox, eventLoop,   timers,  reader,  settings,  identity,   clock,        scratch,
+            container,  viewSurface, decoder, dialogs, clipboard, pageWriter, thumbnailHost};
 }
 
 std::string ScriptedControl::encipher(const std::string& plain) const {

@@ -42,6 +42,7 @@ public:
     std::shared_ptr<Dialogs> dialogs = std::make_shared<Dialogs>();
     std::shared_ptr<Clipboard> clipboard = std::make_shared<Clipboard>();
     std::shared_ptr<PageWriter> pageWriter = std::make_shared<PageWriter>();
+    std::shared_ptr<ThumbnailHost> thumbnailHost = std::make_shared<ThumbnailHost>();
     std::shared_ptr<ImageView> view;
 
     ControlPorts ports() const;

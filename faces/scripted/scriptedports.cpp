@@ -5,6 +5,7 @@
 #include "core/dialogs/dlgabout.h"
 #include "core/dialogs/dlggotopage.h"
 #include "core/dialogs/dlglog.h"
+#include "core/thumbs/dlgthumbs.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -183,6 +184,11 @@ std::optional<fs::path> Dialogs::askSavePath(const std::string& suggestedName) {
 
 void PageWriter::write(const Raster& page, const fs::path& path) const {
     written.push_back(path.string() + " " + std::to_string(page.width) + "x" + std::to_string(page.height));
+}
+
+void ThumbnailHost::show(dlgThumbs& window) {
+    isShown = true;
+    window.resized();
 }
 
 PropertyValue PropertyBag::ReadProperty(const std::string& key, const PropertyValue& defaultValue) const {

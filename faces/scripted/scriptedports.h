@@ -212,6 +212,16 @@ public:
     mutable std::vector<std::string> written; ///< path and size
 };
 
+class ThumbnailHost : public pixmo::ThumbnailHost {
+public:
+    std::shared_ptr<pixmo::ViewSurface> surface() override { return area; }
+    void show(dlgThumbs& window) override;
+    void close() override { isShown = false; }
+
+    std::shared_ptr<ViewSurface> area = std::make_shared<ViewSurface>();
+    bool isShown = false;
+};
+
 class PropertyBag : public pixmo::PropertyBag {
 public:
     PropertyValue ReadProperty(const std::string& key, const PropertyValue& defaultValue) const override;

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""deed.py courses FILE : writes the deed's table of courses. deed.py pages PDF FOLDER : writes its scanned pages."""
+"""deed.py courses FILE : the deed's table of courses. deed.py pages PDF FOLDER : its scanned pages."""
 
 import sys
 from pathlib import Path
@@ -47,8 +47,15 @@ def common_seal(sheet, x, y):
     sheet.around("THE WENNA VALLEY WATER COMPANY", x, y, 0.52, 11, -90, 300)
     sheet.text("✶", x, y + 0.63, 10, "DejaVu Sans", align=0.5)
     for k in range(5):
-        sheet.swell((x - 0.33, y + 0.02 + k * 0.075),
-                    [(x - 0.12, y - 0.1 + k * 0.075), (x + 0.12, y + 0.14 + k * 0.075), (x + 0.33, y + 0.02 + k * 0.075)], 0.016)
+        sheet.swell(
+            (x - 0.33, y + 0.02 + k * 0.075),
+            [
+                (x - 0.12, y - 0.1 + k * 0.075),
+                (x + 0.12, y + 0.14 + k * 0.075),
+                (x + 0.33, y + 0.02 + k * 0.075),
+            ],
+            0.016,
+        )
     sheet.text("1888", x, y - 0.12, 16, "Old Standard TT", align=0.5, spacing=0.02)
 
 

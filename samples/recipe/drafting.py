@@ -37,7 +37,9 @@ class Sheet:
         self.pen.set_dash([])
 
     def box(self, x, y, wide, high, width=LINE, dash=()):
-        self.lines([(x, y), (x + wide, y), (x + wide, y + high), (x, y + high)], width=width, dash=dash, close=True)
+        self.lines(
+            [(x, y), (x + wide, y), (x + wide, y + high), (x, y + high)], width=width, dash=dash, close=True
+        )
 
     def circle(self, x, y, radius, width=LINE, start=0.0, end=360.0, dash=()):
         self.pen.set_line_width(width)
@@ -49,7 +51,9 @@ class Sheet:
 
     def cross(self, x, y, reach):
         """Centre lines."""
-        self.lines([(x - reach, y), (x + reach, y)], [(x, y - reach), (x, y + reach)], width=FINE, dash=CENTRE)
+        self.lines(
+            [(x - reach, y), (x + reach, y)], [(x, y - reach), (x, y + reach)], width=FINE, dash=CENTRE
+        )
 
     def text(self, words, x, y, points, align=0.0, angle=0.0, font=LETTERS):
         self.pen.save()
@@ -88,10 +92,16 @@ class Sheet:
         random = np.random.RandomState(seed)
         left, top, right, bottom = self.clipped(path)
         count = int((right - left) * (bottom - top) * 26)
-        for x, y, kind in zip(random.uniform(left, right, count), random.uniform(top, bottom, count), random.random_sample(count)):
+        for x, y, kind in zip(
+            random.uniform(left, right, count),
+            random.uniform(top, bottom, count),
+            random.random_sample(count),
+        ):
             if kind < 0.3:
                 turn, r = random.uniform(0, 6.28), random.uniform(0.02, 0.04)
-                corners = [(x + r * math.cos(turn + k * 2.09), y + r * math.sin(turn + k * 2.09)) for k in range(3)]
+                corners = [
+                    (x + r * math.cos(turn + k * 2.09), y + r * math.sin(turn + k * 2.09)) for k in range(3)
+                ]
                 self.lines(corners, width=FINE, close=True)
             else:
                 self.pen.rectangle(x, y, 2 / DPI, 2 / DPI)
@@ -166,8 +176,12 @@ class Sheet:
         spindle = [(x, y), (x + 1.6 * size, y)] if upright else [(x, y), (x, y - 1.6 * size)]
         self.lines(spindle)
         end = spindle[1]
-        self.lines([(end[0], end[1] - size / 2), (end[0], end[1] + size / 2)] if upright
-                   else [(end[0] - size / 2, end[1]), (end[0] + size / 2, end[1])], width=BOLD)
+        self.lines(
+            [(end[0], end[1] - size / 2), (end[0], end[1] + size / 2)]
+            if upright
+            else [(end[0] - size / 2, end[1]), (end[0] + size / 2, end[1])],
+            width=BOLD,
+        )
 
 
 def offset(path, by):

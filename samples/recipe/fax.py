@@ -27,7 +27,9 @@ def header(page):
 def fax(sheet, number):
     """A gray page at 300 dpi as the machine's 1-bit lines, with its dropped lines and specks."""
     random = np.random.RandomState(300 + number)
-    sheet = sheet.rotate(SKEWS[number - 1], Image.BICUBIC, fillcolor=255).filter(ImageFilter.GaussianBlur(0.8))
+    sheet = sheet.rotate(SKEWS[number - 1], Image.BICUBIC, fillcolor=255).filter(
+        ImageFilter.GaussianBlur(0.8)
+    )
     height = sheet.height * DPI[1] // paper.DPI
     across = sheet.resize((sheet.width * DPI[0] // paper.DPI, height), Image.BOX)
     page = Image.new("L", (WIDTH, height + 24), 255)

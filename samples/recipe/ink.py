@@ -66,7 +66,11 @@ class Ink:
         start = (end - 0.02 * width, low + 0.02)
         curve = [(end + 0.22 * width, low - 0.16), (x + 0.55 * width, y + 0.30), (x + 0.08 * width, y + 0.13)]
         self.swell(start, curve, 0.016)
-        self.swell(curve[2], [(x + 0.35 * width, y + 0.06), (x + 0.6 * width, low + 0.1), (end * 0.98, low + 0.12)], 0.01)
+        self.swell(
+            curve[2],
+            [(x + 0.35 * width, y + 0.06), (x + 0.6 * width, low + 0.1), (end * 0.98, low + 0.12)],
+            0.01,
+        )
 
     def swell(self, start, curve, width):
         """A Bezier stroke whose width swells from nothing and dies away."""
@@ -85,10 +89,14 @@ class Ink:
         self.pen.arc(x, y, radius, 0, 2 * math.pi)
         self.pen.stroke()
 
-    def around(self, words, x, y, radius, points, start, sweep, font="Old Standard TT", bold=True, inward=False):
+    def around(
+        self, words, x, y, radius, points, start, sweep, font="Old Standard TT", bold=True, inward=False
+    ):
         """Letters along a circle: centred on angle `start` (degrees, 0 right, clockwise), spread over `sweep`."""
         pen = self.pen
-        pen.select_font_face(font, cairo.FONT_SLANT_NORMAL, cairo.FONT_WEIGHT_BOLD if bold else cairo.FONT_WEIGHT_NORMAL)
+        pen.select_font_face(
+            font, cairo.FONT_SLANT_NORMAL, cairo.FONT_WEIGHT_BOLD if bold else cairo.FONT_WEIGHT_NORMAL
+        )
         pen.set_font_size(points / 72)
         widths = [pen.text_extents(letter).x_advance for letter in words]
         gap = (math.radians(sweep) * radius - sum(widths)) / max(1, len(words) - 1)
@@ -111,7 +119,9 @@ class Ink:
             for i in range(721):
                 angle = math.radians(i / 2)
                 r = radius - depth * (0.5 + 0.5 * math.sin(petals * angle + phase * 2 * math.pi))
-                (self.pen.line_to if i else self.pen.move_to)(x + r * math.cos(angle), y + r * math.sin(angle))
+                (self.pen.line_to if i else self.pen.move_to)(
+                    x + r * math.cos(angle), y + r * math.sin(angle)
+                )
             self.pen.stroke()
 
     def wax(self, x, y, radius):

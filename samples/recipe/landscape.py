@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""landscape.py FILE : a gray print of a valley with a pumping station, seen over a field of heights. Lengths in metres."""
+"""landscape.py FILE : a gray print of a valley with a pumping station. Lengths in metres."""
 
 import sys
 
@@ -43,7 +43,9 @@ class Land:
         self.course = 1500 + 120 * np.sin(y / 210 + 0.6) * (1 - np.exp(-y / 400)) + 70 * np.sin(y / 97)
         away = np.abs(x - self.course)
         valley = 150 * (1 - np.exp(-((away / 620) ** 2)))
-        fells = 330 * np.exp(-(((y - 2850) / 520) ** 2)) * (0.72 + 0.6 * np.sin(x / 330 + 1.2) * np.sin(x / 171))
+        fells = (
+            330 * np.exp(-(((y - 2850) / 520) ** 2)) * (0.72 + 0.6 * np.sin(x / 330 + 1.2) * np.sin(x / 171))
+        )
         rough = fractal(SIDE, 5, 6)
         self.height = valley + fells.clip(0) + rough * (16 + valley * 0.55 + fells.clip(0) * 0.4)
         self.light = 0.62 + 0.05 * fractal(SIDE, 400, 2)
@@ -78,10 +80,16 @@ class Land:
     def woods(self, away):
         """Crowns of trees on the slopes and along the water."""
         likely = smooth(SIDE, 22) + 0.35 * (away > 330) - 9 * (self.y < 400)
-        where = np.argwhere((random.random_sample((SIDE, SIDE)) < 0.014) & (likely > 0.93) & (self.height < 330)
-                            & ~self.paved)
-        bank = np.argwhere((random.random_sample((SIDE, SIDE)) < 0.006) & (away > 21) & (away < 44)
-                           & (self.y > 400) & ~self.paved)
+        where = np.argwhere(
+            (random.random_sample((SIDE, SIDE)) < 0.014) & (likely > 0.93) & (self.height < 330) & ~self.paved
+        )
+        bank = np.argwhere(
+            (random.random_sample((SIDE, SIDE)) < 0.006)
+            & (away > 21)
+            & (away < 44)
+            & (self.y > 400)
+            & ~self.paved
+        )
         for row, column in np.vstack([where, bank]):
             self.tree(row, column, random.uniform(2.4, 4.6), random.uniform(6, 13))
 
@@ -93,8 +101,14 @@ class Land:
         crown = (1 - (dx**2 + dy**2) / radius**2).clip(0)
         part = np.s_[row - r : row + r + 1, column - r : column + r + 1]
         inside = crown > 0
-        self.height[part] = np.where(inside, np.maximum(self.height[part], self.height[row, column] * 0.3
-                                     + self.height[part] * 0.7 + tall * np.sqrt(crown)), self.height[part])
+        self.height[part] = np.where(
+            inside,
+            np.maximum(
+                self.height[part],
+                self.height[row, column] * 0.3 + self.height[part] * 0.7 + tall * np.sqrt(crown),
+            ),
+            self.height[part],
+        )
         crown *= random.uniform(0.55, 1, crown.shape)
         shade = 0.3 - 0.13 * dx / radius + random.uniform(-0.08, 0.08, crown.shape)
         self.light[part] = np.where(inside, shade, self.light[part])
@@ -109,7 +123,9 @@ class Land:
         self.paved = np.abs(self.x - middle) < 11
 
     def box(self, left, front, width, depth, base, tall, tone):
-        part = np.s_[int(front / CELL) : int((front + depth) / CELL), int(left / CELL) : int((left + width) / CELL)]
+        part = np.s_[
+            int(front / CELL) : int((front + depth) / CELL), int(left / CELL) : int((left + width) / CELL)
+        ]
         self.height[part] = base + tall
         self.light[part] = tone
         return part
@@ -139,8 +155,9 @@ def sample(field, x, y):
     column, row = (x / CELL).clip(0, SIDE - 2), (y / CELL).clip(0, SIDE - 2)
     c, r = column.astype(int), row.astype(int)
     u, v = column - c, row - r
-    return ((field[r, c] * (1 - u) + field[r, c + 1] * u) * (1 - v)
-            + (field[r + 1, c] * (1 - u) + field[r + 1, c + 1] * u) * v)
+    return (field[r, c] * (1 - u) + field[r, c + 1] * u) * (1 - v) + (
+        field[r + 1, c] * (1 - u) + field[r + 1, c + 1] * u
+    ) * v
 
 
 def view(land):
@@ -191,8 +208,15 @@ def windows(picture, land):
     scale = 4
     panes = Image.new("L", (PLATE[0] * scale, PLATE[1] * scale), 0)
     draw = ImageDraw.Draw(panes)
-    for left, low, wide, tall in ((3.2, 10.5, 3.2, 7), (19.6, 10.5, 3.2, 7), (10.9, 9, 4.2, 7.5), (11.4, 19.5, 3.2, 5),
-                                  (30, 10.5, 3, 4), (36, 10.5, 3, 4), (42, 10.5, 3, 4)):
+    for left, low, wide, tall in (
+        (3.2, 10.5, 3.2, 7),
+        (19.6, 10.5, 3.2, 7),
+        (10.9, 9, 4.2, 7.5),
+        (11.4, 19.5, 3.2, 5),
+        (30, 10.5, 3, 4),
+        (36, 10.5, 3, 4),
+        (42, 10.5, 3, 4),
+    ):
         y = land.front + (6 if left > 26 else 0)
         x0, y1 = (scale * v for v in place(land.left + left, y, low))
         x1, y0 = (scale * v for v in place(land.left + left + wide, y, low + tall))
@@ -209,7 +233,9 @@ def smoke(picture, land):
     draw = ImageDraw.Draw(puffs)
     for step in range(150):
         t = step / 150
-        px, py = x + 330 * t**1.2 + random.normal(0, 3 + 15 * t), y - 105 * t**0.65 + random.normal(0, 2 + 14 * t)
+        px, py = x + 330 * t**1.2 + random.normal(0, 3 + 15 * t), y - 105 * t**0.65 + random.normal(
+            0, 2 + 14 * t
+        )
         r = 6 + 34 * t
         draw.ellipse((px - r, py - r * 0.8, px + r, py + r * 0.8), fill=int(255 * (1 - t) ** 1.1))
     veil = np.asarray(puffs.filter(ImageFilter.GaussianBlur(5)), dtype=np.float32) / 255
@@ -225,8 +251,15 @@ def plate():
     mirror = 0.8 + 0.1 * (ripple - 0.5) - 0.1 * np.linspace(1, 0, height)[:, None]
     picture = np.where(picture == -2, air, np.where(picture == -1, mirror, picture))
     picture = smoke(windows(picture, land), land)
-    soft = np.asarray(Image.fromarray((picture.clip(0, 1) * 255).astype(np.uint8)).filter(ImageFilter.GaussianBlur(1.0)),
-                      dtype=np.float32) / 255
+    soft = (
+        np.asarray(
+            Image.fromarray((picture.clip(0, 1) * 255).astype(np.uint8)).filter(
+                ImageFilter.GaussianBlur(1.0)
+            ),
+            dtype=np.float32,
+        )
+        / 255
+    )
     y, x = np.mgrid[-1 : 1 : height * 1j, -1 : 1 : width * 1j]
     fall = 1 - 0.2 * (x**2 + y**2) ** 1.2
     grain = blurred(random.random_sample((height, width)), 0.7) - 0.5
@@ -235,7 +268,9 @@ def plate():
 
 
 def main(target):
-    paper = 236 + 12 * (smooth(2400, 12)[: PAGE[1], : PAGE[0]] - 0.5) + random.normal(0, 1.6, (PAGE[1], PAGE[0]))
+    paper = (
+        236 + 12 * (smooth(2400, 12)[: PAGE[1], : PAGE[0]] - 0.5) + random.normal(0, 1.6, (PAGE[1], PAGE[0]))
+    )
     page = Image.fromarray(paper.clip(0, 255).astype(np.uint8))
     left, top = (PAGE[0] - PLATE[0]) // 2, 170
     draw = ImageDraw.Draw(page)
@@ -243,9 +278,20 @@ def main(target):
     page.paste(plate(), (left, top))
     title, small = ImageFont.truetype(FONT, 50), ImageFont.truetype(FONT, 36)
     middle = PAGE[0] // 2
-    draw.text((middle, top + PLATE[1] + 95), "The Pumping Station at Alder Ford, from Thornwick Scar", 40, title, anchor="mm")
-    draw.text((middle, top + PLATE[1] + 160), "The Vale of Marrowby, looking north; the road to Nether Coombe on the left", 60, small,
-              anchor="mm")
+    draw.text(
+        (middle, top + PLATE[1] + 95),
+        "The Pumping Station at Alder Ford, from Thornwick Scar",
+        40,
+        title,
+        anchor="mm",
+    )
+    draw.text(
+        (middle, top + PLATE[1] + 160),
+        "The Vale of Marrowby, looking north; the road to Nether Coombe on the left",
+        60,
+        small,
+        anchor="mm",
+    )
     draw.text((middle, PAGE[1] - 80), "Plate VII", 60, small, anchor="mm")
     page = page.filter(ImageFilter.GaussianBlur(0.5)).rotate(0.15, Image.BICUBIC, fillcolor=232)
     page.save(target, "JPEG", quality=78, dpi=(DPI, DPI))

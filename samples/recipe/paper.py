@@ -41,8 +41,9 @@ def speckle(image, random, count):
     """Dust: dots of one to four pixels."""
     draw = ImageDraw.Draw(image)
     width, height = image.size
-    for x, y, r in zip(random.randint(0, width, count), random.randint(0, height, count),
-                       random.exponential(0.55, count)):
+    for x, y, r in zip(
+        random.randint(0, width, count), random.randint(0, height, count), random.exponential(0.55, count)
+    ):
         r = min(r, 2.2)
         draw.ellipse((x - r, y - r, x + r, y + r), fill=0)
 

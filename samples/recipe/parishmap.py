@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""parishmap.py FILE : a parish map in colour, with contours, woods, water, roads, parcels and a legend. Lengths in metres."""
+"""parishmap.py FILE : a parish map, with contours, woods, water, roads, parcels. Lengths in metres."""
 
 import math
 import sys
@@ -8,14 +8,29 @@ import cairo
 import numpy as np
 from PIL import Image
 
-DPI, SIZE = 150, (13.0, 10.0)
-METRES_PER_INCH = 420.0
-FRAME = (0.55, 1.15, 9.55, 9.45)
-WIDE, HIGH = (FRAME[2] - FRAME[0]) * METRES_PER_INCH, (FRAME[3] - FRAME[1]) * METRES_PER_INCH
-ROMAN, SCRIPT = "Old Standard TT", "Z003"
-PAPER, INK, WATER, BANK = (0.972, 0.949, 0.886), (0.16, 0.13, 0.11), (0.69, 0.83, 0.90), (0.20, 0.42, 0.60)
-BROWN, WOOD, LEAF, MEADOW = (0.68, 0.46, 0.28), (0.74, 0.84, 0.64), (0.32, 0.50, 0.28), (0.90, 0.925, 0.79)
-ROAD, RED, ROOF = (0.96, 0.80, 0.52), (0.70, 0.16, 0.13), (0.80, 0.36, 0.30)
+from mapmargin import compass, frame, legend, scale
+from mapsheet import (
+    BANK,
+    BROWN,
+    DPI,
+    FRAME,
+    HIGH,
+    INK,
+    LEAF,
+    MEADOW,
+    METRES_PER_INCH,
+    Map,
+    RED,
+    ROAD,
+    ROMAN,
+    ROOF,
+    SCRIPT,
+    WATER,
+    WIDE,
+    WOOD,
+    curve,
+)
+
 random = np.random.RandomState(1951)
 
 
@@ -34,68 +49,13 @@ def river_x(y):
     return 1850 + 260 * np.sin(y / 620 + 0.7) + 70 * np.sin(y / 210)
 
 
-class Map:
-    def __init__(self):
-        self.surface = cairo.ImageSurface(cairo.FORMAT_RGB24, int(SIZE[0] * DPI), int(SIZE[1] * DPI))
-        self.pen = cairo.Context(self.surface)
-        self.pen.scale(DPI, DPI)
-        self.pen.set_line_cap(cairo.LINE_CAP_ROUND)
-        self.pen.set_line_join(cairo.LINE_JOIN_ROUND)
-        self.pen.set_source_rgb(*PAPER)
-        self.pen.paint()
-
-    def trace(self, points, close=False):
-        for i, (x, y) in enumerate(points):
-            (self.pen.line_to if i else self.pen.move_to)(FRAME[0] + x / METRES_PER_INCH, FRAME[1] + y / METRES_PER_INCH)
-        if close:
-            self.pen.close_path()
-
-    def line(self, points, colour, width, dash=(), close=False):
-        self.pen.set_source_rgb(*colour)
-        self.pen.set_line_width(width)
-        self.pen.set_dash(dash)
-        self.trace(points, close)
-        self.pen.stroke()
-        self.pen.set_dash([])
-
-    def area(self, points, fill, edge=None, width=0.006):
-        self.pen.set_source_rgb(*fill)
-        self.trace(points, True)
-        self.pen.fill()
-        if edge:
-            self.line(points, edge, width, close=True)
-
-    def text(self, words, x, y, points, colour=INK, font=ROMAN, angle=0.0, spacing=0.0, inches=False, align=0.5, bold=False,
-             italic=False, halo=True):
-        """Words with their middle at (x, y), in metres of the map or in inches of the sheet."""
-        pen = self.pen
-        pen.save()
-        pen.translate(*((x, y) if inches else (FRAME[0] + x / METRES_PER_INCH, FRAME[1] + y / METRES_PER_INCH)))
-        pen.rotate(math.radians(angle))
-        pen.select_font_face(font, cairo.FONT_SLANT_ITALIC if italic else cairo.FONT_SLANT_NORMAL,
-                             cairo.FONT_WEIGHT_BOLD if bold else cairo.FONT_WEIGHT_NORMAL)
-        pen.set_font_size(points / 72)
-        widths = [pen.text_extents(letter).x_advance + spacing for letter in words]
-        place = -align * (sum(widths) - spacing)
-        pen.new_path()
-        for letter, width in zip(words, widths):
-            pen.move_to(place, points / 72 * 0.33)
-            pen.text_path(letter)
-            place += width
-        if halo and not inches:
-            pen.set_source_rgba(*PAPER, 0.75)
-            pen.set_line_width(0.03)
-            pen.stroke_preserve()
-        pen.set_source_rgb(*colour)
-        pen.fill()
-        pen.restore()
-
-
 def contours(field, level, step):
     """The pieces of the line of one level through a grid of heights, in metres."""
     rows, columns = field.shape
     above = field > level
-    mixed = np.argwhere((above[:-1, :-1] + above[1:, :-1].astype(int) + above[:-1, 1:] + above[1:, 1:]) % 4 != 0)
+    mixed = np.argwhere(
+        (above[:-1, :-1] + above[1:, :-1].astype(int) + above[:-1, 1:] + above[1:, 1:]) % 4 != 0
+    )
     for row, column in mixed:
         corners = ((row, column), (row, column + 1), (row + 1, column + 1), (row + 1, column))
         cuts = []
@@ -151,37 +111,48 @@ def water(sheet):
     wide = [(river_x(y) - 11 - y / 190, y) for y in np.arange(-40, HIGH + 40, 20)]
     wide += [(river_x(y) + 11 + y / 190, y) for y in np.arange(HIGH + 40, -40, -20)]
     sheet.area(wide, WATER, BANK, 0.010)
-    becks = [[(3480, 1330), (3150, 1390), (2800, 1330), (2450, 1440), (2080, 1400), (river_x(1430), 1430)],
-             [(260, 1720), (620, 1660), (1000, 1760), (1380, 1700), (1700, 1790), (river_x(1810), 1810)],
-             [(2700, 3450), (2500, 3100), (2250, 2960), (river_x(2890), 2890)]]
+    becks = [
+        [(3480, 1330), (3150, 1390), (2800, 1330), (2450, 1440), (2080, 1400), (river_x(1430), 1430)],
+        [(260, 1720), (620, 1660), (1000, 1760), (1380, 1700), (1700, 1790), (river_x(1810), 1810)],
+        [(2700, 3450), (2500, 3100), (2250, 2960), (river_x(2890), 2890)],
+    ]
     for beck in becks:
         sheet.line(curve(beck), BANK, 0.016)
-    pond = [(2560 + 85 * math.cos(a) * (1 + 0.2 * math.sin(3 * a)), 1370 + 52 * math.sin(a)) for a in np.arange(0, 6.28, 0.1)]
+    pond = [
+        (2560 + 85 * math.cos(a) * (1 + 0.2 * math.sin(3 * a)), 1370 + 52 * math.sin(a))
+        for a in np.arange(0, 6.28, 0.1)
+    ]
     sheet.area(pond, WATER, BANK, 0.009)
-    race = curve([(river_x(2210) + 8, 2210), (river_x(2260) + 95, 2270), (river_x(2400) + 130, 2400), (river_x(2520) + 10, 2540)])
+    race = curve(
+        [
+            (river_x(2210) + 8, 2210),
+            (river_x(2260) + 95, 2270),
+            (river_x(2400) + 130, 2400),
+            (river_x(2520) + 10, 2540),
+        ]
+    )
     sheet.line(race, BANK, 0.018)
     sheet.line([(river_x(2210) - 26, 2200), (river_x(2210) + 26, 2220)], INK, 0.022)
 
 
-def curve(points, steps=14):
-    """A smooth line through the points."""
-    result = []
-    for i in range(len(points) - 1):
-        p = [np.array(points[max(0, min(len(points) - 1, k))], float) for k in (i - 1, i, i + 1, i + 2)]
-        for t in np.arange(0, 1, 1 / steps):
-            result.append(tuple(0.5 * (2 * p[1] + (p[2] - p[0]) * t + (2 * p[0] - 5 * p[1] + 4 * p[2] - p[3]) * t**2
-                                       + (3 * p[1] - p[0] - 3 * p[2] + p[3]) * t**3)))
-    return result + [points[-1]]
-
-
-WOODS = (((640, 860), 330, 210), ((3260, 2290), 300, 380), ((3020, 520), 250, 170), ((2380, 3230), 170, 110), ((520, 2650), 260, 150))
+WOODS = (
+    ((640, 860), 330, 210),
+    ((3260, 2290), 300, 380),
+    ((3020, 520), 250, 170),
+    ((2380, 3230), 170, 110),
+    ((520, 2650), 260, 150),
+)
 
 
 def woods(sheet):
     for (x, y), wide, high in WOODS:
         angles = np.arange(0, 2 * math.pi, 0.09)
         bumps = 1 + 0.13 * np.sin(angles * 5 + x) + 0.06 * np.sin(angles * 11 + y)
-        sheet.area([(x + wide * b * math.cos(a), y + high * b * math.sin(a)) for a, b in zip(angles, bumps)], WOOD, LEAF)
+        sheet.area(
+            [(x + wide * b * math.cos(a), y + high * b * math.sin(a)) for a, b in zip(angles, bumps)],
+            WOOD,
+            LEAF,
+        )
         for _ in range(int(wide * high / 800)):
             r, a = math.sqrt(random.random_sample()) * 0.86, random.uniform(0, 2 * math.pi)
             tree(sheet, x + wide * r * math.cos(a), y + high * r * math.sin(a))
@@ -199,12 +170,24 @@ def tree(sheet, x, y):
     sheet.pen.stroke()
 
 
-TURNPIKE = ((-20, 1960), (420, 2010), (900, 1980), (1330, 2020), (1610, 2060), (2010, 2040), (2420, 1930), (2850, 1880), (3250, 1700),
-            (3790, 1650))
-LANES = (((1330, 2020), (1290, 1700), (1180, 1330), (1220, 900), (1370, 480), (1400, -20)),
-         ((2420, 1930), (2500, 2240), (2440, 2560), (2560, 2860), (2900, 3130), (3080, 3510)),
-         ((900, 1980), (820, 2330), (930, 2680), (900, 3060), (1060, 3510)),
-         ((2850, 1880), (2760, 1560), (2860, 1130), (2640, 760), (2700, 380), (2600, -20)))
+TURNPIKE = (
+    (-20, 1960),
+    (420, 2010),
+    (900, 1980),
+    (1330, 2020),
+    (1610, 2060),
+    (2010, 2040),
+    (2420, 1930),
+    (2850, 1880),
+    (3250, 1700),
+    (3790, 1650),
+)
+LANES = (
+    ((1330, 2020), (1290, 1700), (1180, 1330), (1220, 900), (1370, 480), (1400, -20)),
+    ((2420, 1930), (2500, 2240), (2440, 2560), (2560, 2860), (2900, 3130), (3080, 3510)),
+    ((900, 1980), (820, 2330), (930, 2680), (900, 3060), (1060, 3510)),
+    ((2850, 1880), (2760, 1560), (2860, 1130), (2640, 760), (2700, 380), (2600, -20)),
+)
 
 
 def roads(sheet):
@@ -218,7 +201,14 @@ def roads(sheet):
     x = river_x(2052)
     for side in (-1, 1):
         sheet.line([(x - 46, 2052 + side * 15), (x + 46, 2045 + side * 15)], INK, 0.02)
-    path = curve([(river_x(2120) + 20, 2080), (river_x(2500) + 160, 2480), (river_x(2900) + 120, 2900), (river_x(3486) + 150, 3486)])
+    path = curve(
+        [
+            (river_x(2120) + 20, 2080),
+            (river_x(2500) + 160, 2480),
+            (river_x(2900) + 120, 2900),
+            (river_x(3486) + 150, 3486),
+        ]
+    )
     sheet.line(path, INK, 0.011, (0.05, 0.04))
 
 
@@ -230,8 +220,11 @@ def parcels(sheet):
     sheet.pen.clip()
     rows = [2110, 2330, 2590, 2840, 3080, 3330]
     columns = [-640, -420, -215, -40, 60, 270, 470, 650]
-    corner = {(i, j): (river_x(y) + x + random.uniform(-35, 35), y + random.uniform(-28, 28) - 0.06 * x)
-              for i, y in enumerate(rows) for j, x in enumerate(columns)}
+    corner = {
+        (i, j): (river_x(y) + x + random.uniform(-35, 35), y + random.uniform(-28, 28) - 0.06 * x)
+        for i, y in enumerate(rows)
+        for j, x in enumerate(columns)
+    }
     for i in range(len(rows) - 1):
         for j in range(len(columns) - 1):
             if j == 3:
@@ -253,7 +246,11 @@ def parcels(sheet):
 def buildings(sheet):
     def house(x, y, wide, deep, angle=0.0):
         c, s = math.cos(angle), math.sin(angle)
-        sheet.area([(x + u * c - v * s, y + u * s + v * c) for u, v in ((0, 0), (wide, 0), (wide, deep), (0, deep))], ROOF, INK)
+        sheet.area(
+            [(x + u * c - v * s, y + u * s + v * c) for u, v in ((0, 0), (wide, 0), (wide, deep), (0, deep))],
+            ROOF,
+            INK,
+        )
 
     for i in range(13):
         house(960 + i * 29 + random.uniform(-4, 4), 1938 + (i % 3) * 4, 21, 17, 0.03)
@@ -269,16 +266,45 @@ def buildings(sheet):
     house(2975, 1010, 34, 44, 0.3)
     house(river_x(2230) + 60, 2140, 40, 26, 0.1)
     house(river_x(2230) + 104, 2150, 22, 22, 0.1)
-    for x, y in ((520, 1290), (700, 3220), (3420, 3050), (2120, 520), (3350, 1480), (1560, 2890), (2720, 2620)):
+    for x, y in (
+        (520, 1290),
+        (700, 3220),
+        (3420, 3050),
+        (2120, 520),
+        (3350, 1480),
+        (1560, 2890),
+        (2720, 2620),
+    ):
         house(x, y, 44, 18, random.uniform(-0.4, 0.4))
         house(x + 12, y + 32, 20, 24, random.uniform(-0.4, 0.4))
 
 
 def bounds(sheet):
     """The parish boundary: dots and dashes on a red band."""
-    line = curve([(170, -20), (250, 420), (130, 900), (180, 1420), (110, 1900), (260, 2350), (180, 2900), (330, 3240), (700, 3390),
-                  (1300, 3340), (1800, 3430), (2400, 3400), (3000, 3330), (3560, 3260), (3640, 2700), (3560, 2100), (3650, 1500),
-                  (3590, 900), (3480, 400), (3600, -20)])
+    line = curve(
+        [
+            (170, -20),
+            (250, 420),
+            (130, 900),
+            (180, 1420),
+            (110, 1900),
+            (260, 2350),
+            (180, 2900),
+            (330, 3240),
+            (700, 3390),
+            (1300, 3340),
+            (1800, 3430),
+            (2400, 3400),
+            (3000, 3330),
+            (3560, 3260),
+            (3640, 2700),
+            (3560, 2100),
+            (3650, 1500),
+            (3590, 900),
+            (3480, 400),
+            (3600, -20),
+        ]
+    )
     sheet.pen.push_group()
     sheet.line(line, (0.86, 0.45, 0.42), 0.09)
     sheet.pen.pop_group_to_source()
@@ -294,12 +320,25 @@ def names(sheet):
     sheet.text("River Wenna", river_x(3010) - 70, 3090, 12, BANK, SCRIPT, angle=72, spacing=0.03)
     sheet.text("Coombe Beck", 3160, 1335, 9, BANK, SCRIPT, angle=-4)
     sheet.text("Sike Gill", 560, 1630, 9, BANK, SCRIPT, angle=9)
-    for words, x, y, size in (("Parson’s Wood", 640, 905, 11), ("Thornwick Scar", 3260, 2290, 12), ("Rook Plantation", 3020, 560, 10),
-                              ("Gallows Holt", 520, 2665, 10), ("Kiln Spinney", 2380, 3240, 8)):
+    for words, x, y, size in (
+        ("Parson’s Wood", 640, 905, 11),
+        ("Thornwick Scar", 3260, 2290, 12),
+        ("Rook Plantation", 3020, 560, 10),
+        ("Gallows Holt", 520, 2665, 10),
+        ("Kiln Spinney", 2380, 3240, 8),
+    ):
         sheet.text(words, x, y, size, (0.15, 0.28, 0.14), ROMAN, italic=True)
-    for words, x, y in (("Thornwick House", 2960, 1105), ("High Stile", 560, 1262), ("Garrow Farm", 735, 3300), ("Low Intake", 3430, 3025),
-                        ("Fold Head", 2140, 495), ("Alder Ford", river_x(2230) + 150, 2118), ("Weir", river_x(2210) - 80, 2222),
-                        ("St. Oswin’s", 1050, 1885), ("Mill Dam", 2565, 1290)):
+    for words, x, y in (
+        ("Thornwick House", 2960, 1105),
+        ("High Stile", 560, 1262),
+        ("Garrow Farm", 735, 3300),
+        ("Low Intake", 3430, 3025),
+        ("Fold Head", 2140, 495),
+        ("Alder Ford", river_x(2230) + 150, 2118),
+        ("Weir", river_x(2210) - 80, 2222),
+        ("St. Oswin’s", 1050, 1885),
+        ("Mill Dam", 2565, 1290),
+    ):
         sheet.text(words, x, y, 8)
     sheet.text("DROVER’S WYND", 2462, 2420, 6.5, angle=-79, spacing=0.015)
     sheet.text("TURNPIKE ROAD", 2640, 1862, 7, angle=-9, spacing=0.03)
@@ -307,118 +346,27 @@ def names(sheet):
         sheet.text(words, x, y, 7, BROWN)
 
 
-def frame(sheet):
-    left, top, right, bottom = FRAME
-    pen = sheet.pen
-    pen.set_source_rgb(*PAPER)
-    pen.set_fill_rule(cairo.FILL_RULE_EVEN_ODD)
-    pen.rectangle(0, 0, *SIZE)
-    pen.rectangle(left, top, right - left, bottom - top)
-    pen.fill()
-    pen.set_source_rgb(*INK)
-    for out, width in ((0, 0.012), (0.09, 0.008), (0.13, 0.03)):
-        pen.set_line_width(width)
-        pen.rectangle(left - out, top - out, right - left + 2 * out, bottom - top + 2 * out)
-        pen.stroke()
-    for k in range(18):
-        if k % 2 == 0:
-            pen.rectangle(left + k * 0.5, top - 0.085, 0.5, 0.08)
-            pen.rectangle(left + k * 0.5, bottom + 0.005, 0.5, 0.08)
-    pen.fill()
-    for k in range(1, 9):
-        sheet.text(chr(64 + k), left + k - 0.5, top - 0.26, 9, inches=True)
-        sheet.text(str(k), left - 0.26, top + k - 0.5, 9, inches=True)
-    sheet.text("THE PARISH OF MARROWBY", 5.05, 0.45, 27, inches=True, spacing=0.07)
-
-
-def legend(sheet):
-    x, y = 10.2, 4.55
-    pen = sheet.pen
-    sheet.text("Explanation", x + 1.2, 4.2, 18, inches=True, font=SCRIPT)
-
-    def sample(draw, words):
-        nonlocal y
-        draw(x, y)
-        sheet.text(words, x + 0.75, y, 10.5, inches=True, align=0.0)
-        y += 0.36
-
-    def strokes(*lines):
-        def draw(px, py):
-            for colour, width, dash in lines:
-                pen.set_source_rgb(*colour)
-                pen.set_line_width(width)
-                pen.set_dash(dash)
-                pen.move_to(px, py)
-                pen.line_to(px + 0.55, py)
-                pen.stroke()
-            pen.set_dash([])
-        return draw
-
-    def patch(fill, edge, width=0.009):
-        def draw(px, py):
-            pen.rectangle(px + 0.02, py - 0.11, 0.5, 0.22)
-            pen.set_source_rgb(*fill)
-            pen.fill_preserve()
-            pen.set_source_rgb(*edge)
-            pen.set_line_width(width)
-            pen.stroke()
-        return draw
-
-    sample(strokes((INK, 0.062, ()), (ROAD, 0.046, ())), "Turnpike road")
-    sample(strokes((INK, 0.036, ()), ((1, 0.985, 0.94), 0.023, ())), "Lane")
-    sample(strokes((INK, 0.011, (0.05, 0.04))), "Footpath")
-    sample(strokes(((0.95, 0.80, 0.74), 0.09, ()), (INK, 0.014, (0.11, 0.05, 0.0, 0.05))), "Parish boundary")
-    sample(strokes((BANK, 0.016, ())), "Beck or mill race")
-    sample(patch(WATER, BANK), "River, dam")
-    sample(patch(WOOD, LEAF), "Wood")
-    sample(patch(MEADOW, LEAF), "Parcel, with its number")
-    sample(patch((0.97, 0.80, 0.76), RED, 0.014), "Land of the Water Board")
-    sample(patch(ROOF, INK), "Building")
-    sample(strokes((BROWN, 0.006, ())), "Contour, every 10 metres")
-    sample(strokes((BROWN, 0.0125, ())), "Contour, every 50 metres")
-
-
-def compass(sheet):
-    x, y = 11.35, 2.45
-    pen = sheet.pen
-    for k in range(16):
-        angle, long = k * math.pi / 8, (1.0, 0.46, 0.7, 0.46)[k % 4]
-        for side, colour in ((-1, INK), (1, PAPER)):
-            pen.move_to(x, y)
-            pen.line_to(x + long * math.sin(angle), y - long * math.cos(angle))
-            pen.line_to(x + 0.17 * long * math.sin(angle + side * 0.75), y - 0.17 * long * math.cos(angle + side * 0.75))
-            pen.close_path()
-            pen.set_source_rgb(*colour)
-            pen.fill_preserve()
-            pen.set_source_rgb(*INK)
-            pen.set_line_width(0.008)
-            pen.stroke()
-    pen.arc(x, y, 0.6, 0, 7)
-    pen.stroke()
-    sheet.text("N", x, y - 1.17, 20, inches=True, bold=True)
-
-
-def scale(sheet):
-    x, y, step = 10.15, 9.2, 250 / METRES_PER_INCH
-    for k in range(4):
-        sheet.pen.rectangle(x + k * step, y, step, 0.08)
-        sheet.pen.set_source_rgb(*(INK if k % 2 == 0 else PAPER))
-        sheet.pen.fill_preserve()
-        sheet.pen.set_source_rgb(*INK)
-        sheet.pen.set_line_width(0.009)
-        sheet.pen.stroke()
-    for k in range(5):
-        sheet.text(str(k * 250), x + k * step, y - 0.11, 8, inches=True)
-    sheet.text("Metres", x + 2 * step, y + 0.2, 9, inches=True, italic=True)
-    sheet.text("Wenna Valley Water Board", 5.05, 9.75, 10, inches=True, italic=True)
-
-
 def main(target):
     sheet = Map()
-    for layer in (relief, woods, parcels, water, roads, buildings, bounds, names, frame, legend, compass, scale):
+    for layer in (
+        relief,
+        woods,
+        parcels,
+        water,
+        roads,
+        buildings,
+        bounds,
+        names,
+        frame,
+        legend,
+        compass,
+        scale,
+    ):
         layer(sheet)
     width, height_ = sheet.surface.get_width(), sheet.surface.get_height()
-    pixels = np.frombuffer(sheet.surface.get_data(), np.uint8).reshape(height_, sheet.surface.get_stride() // 4, 4)[:, :width, 2::-1]
+    pixels = np.frombuffer(sheet.surface.get_data(), np.uint8).reshape(
+        height_, sheet.surface.get_stride() // 4, 4
+    )[:, :width, 2::-1]
     Image.fromarray(np.ascontiguousarray(pixels)).save(target, "PNG", optimize=True, dpi=(DPI, DPI))
 
 

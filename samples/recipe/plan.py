@@ -17,8 +17,10 @@ def table():
     """The courses as rows of the deed's table."""
     rows = []
     for station, c in enumerate(courses(), 1):
-        rows.append(f"{station}&{c['north_south']}.\\ {c['degrees']}° {int(c['minutes']):02d}′ {c['east_west']}."
-                    f"&{c['chains']}&{c['along']}\\\\")
+        rows.append(
+            f"{station}&{c['north_south']}.\\ {c['degrees']}° {int(c['minutes']):02d}′ {c['east_west']}."
+            f"&{c['chains']}&{c['along']}\\\\"
+        )
     return "\n".join(rows) + "\n"
 
 
@@ -51,9 +53,16 @@ class Plan:
         pen.move_to(*places[0])
         for i in range(1, len(places)):
             if smooth:
-                before, a, b, after = (places[max(0, min(len(places) - 1, k))] for k in (i - 2, i - 1, i, i + 1))
-                pen.curve_to(a[0] + (b[0] - before[0]) / 6, a[1] + (b[1] - before[1]) / 6,
-                             b[0] - (after[0] - a[0]) / 6, b[1] - (after[1] - a[1]) / 6, *b)
+                before, a, b, after = (
+                    places[max(0, min(len(places) - 1, k))] for k in (i - 2, i - 1, i, i + 1)
+                )
+                pen.curve_to(
+                    a[0] + (b[0] - before[0]) / 6,
+                    a[1] + (b[1] - before[1]) / 6,
+                    b[0] - (after[0] - a[0]) / 6,
+                    b[1] - (after[1] - a[1]) / 6,
+                    *b,
+                )
             else:
                 pen.line_to(*places[i])
         if close:
@@ -108,8 +117,16 @@ class Plan:
         self.path([(x - 0.12, y) for x, y in lane], 0.008)
         self.path([(x - 0.5, y) for x, y in lane], 0.008)
         self.label("DROVER’S WYND", (-0.25, -4.9), angle=77, points=8, spacing=0.015)
-        river = [(-0.9, -8.7), (c[11][0] - 1.4, c[11][1] - 0.2), c[11], c[10], c[9], c[8], c[7],
-                 (c[7][0] + 1.3, c[7][1] + 0.35)]
+        river = [
+            (-0.9, -8.7),
+            (c[11][0] - 1.4, c[11][1] - 0.2),
+            c[11],
+            c[10],
+            c[9],
+            c[8],
+            c[7],
+            (c[7][0] + 1.3, c[7][1] + 0.35),
+        ]
         for offset, width in ((0.42, 0.011), (0.16, 0.004), (-0.16, 0.004), (-0.34, 0.004), (-0.6, 0.011)):
             self.path([(x + offset * 0.15, y + offset) for x, y in river], width, smooth=True)
         self.label("R I V E R   W E N N A", (9.2, -12.35), font="Z003", points=12, angle=-7)
@@ -135,9 +152,13 @@ class Plan:
         self.pen.set_line_width(0.006)
         self.pen.rectangle(x - 0.08, y - 0.34, 0.72, 0.62)
         self.pen.stroke()
-        for name, number, place in (("Mill Meadow", "41", (3.4, -1.1)), ("Long Holm", "42", (9.2, -0.7)),
-                                    ("Great Intake", "45", (8.2, -5.2)), ("Little Intake", "46", (3.2, -4.8)),
-                                    ("Osier Bed", "43", (10.1, -9.2))):
+        for name, number, place in (
+            ("Mill Meadow", "41", (3.4, -1.1)),
+            ("Long Holm", "42", (9.2, -0.7)),
+            ("Great Intake", "45", (8.2, -5.2)),
+            ("Little Intake", "46", (3.2, -4.8)),
+            ("Osier Bed", "43", (10.1, -9.2)),
+        ):
             self.label(name, place, points=10, font="Z003")
             self.label(number, (place[0], place[1] - 0.45), points=8)
         self.label("44", (4.0, -6.6), points=8)
@@ -152,8 +173,11 @@ class Plan:
             px, py = self.at((x, y))
             self.ink.ring(px, py, 0.028, 0.008)
             away = math.dist((x, y), middle)
-            self.label(str(i + 1), (x + (x - middle[0]) / away * 0.33 + 0.02, y + (y - middle[1]) / away * 0.33 - 0.09),
-                       points=7.5)
+            self.label(
+                str(i + 1),
+                (x + (x - middle[0]) / away * 0.33 + 0.02, y + (y - middle[1]) / away * 0.33 - 0.09),
+                points=7.5,
+            )
         x, y = self.at((2.6, -9.2))
         for k in range(9):
             angle = k * 2 * math.pi / 9

@@ -1,13 +1,13 @@
 #!/usr/bin/python3
-"""pumpingstation.py FILE : a general arrangement drawing, 24 x 36 inches: section, plan, details. Lengths of the house in feet."""
+"""pumpingstation.py FILE : a drawing of 24 x 36 inches: section, plan, details. Lengths of the house in feet."""
 
 import math
 import sys
 
 import paper
+from drawingmargin import HEIGHT, WIDTH, border, caption, details, parts, title
 from drafting import BOLD, CENTRE, FINE, HIDDEN, LINE, Sheet
 
-WIDTH, HEIGHT = 24.0, 36.0
 FOOT = 0.375
 
 
@@ -35,32 +35,6 @@ def feet(value):
     return f"{whole}′-{round((value - whole) * 12)}″"
 
 
-def border(s):
-    s.box(0.4, 0.4, WIDTH - 0.8, HEIGHT - 0.8, FINE)
-    s.box(0.75, 0.75, WIDTH - 1.5, HEIGHT - 1.5, BOLD)
-    for k in range(8):
-        x = 0.75 + (WIDTH - 1.5) * (k + 0.5) / 8
-        for y in (0.65, HEIGHT - 0.5):
-            s.text(str(k + 1), x, y, 14, 0.5)
-        if k:
-            edge = 0.75 + (WIDTH - 1.5) * k / 8
-            s.lines([(edge, 0.4), (edge, 0.75)], [(edge, HEIGHT - 0.75), (edge, HEIGHT - 0.4)], width=FINE)
-    for k in range(12):
-        y = 0.75 + (HEIGHT - 1.5) * (k + 0.5) / 12
-        for x in (0.575, WIDTH - 0.575):
-            s.text("ABCDEFGHJKLM"[k], x, y + 0.07, 14, 0.5)
-        if k:
-            edge = 0.75 + (HEIGHT - 1.5) * k / 12
-            s.lines([(0.4, edge), (0.75, edge)], [(WIDTH - 0.75, edge), (WIDTH - 0.4, edge)], width=FINE)
-
-
-def caption(s, words, below, x, y):
-    s.text(words, x, y, 24, 0.5)
-    wide = len(words) * 0.115
-    s.lines([(x - wide, y + 0.09), (x + wide, y + 0.09)], width=BOLD)
-    s.text(below, x, y + 0.36, 12, 0.5)
-
-
 def truss(s, v, left, right, low, high):
     """A king-post truss with its purlins, rafters and slates."""
     middle = (left + right) / 2
@@ -79,7 +53,9 @@ def truss(s, v, left, right, low, high):
     for side in (-1, 1):
         quarter = middle + side * (right - left) / 4
         for shift in (0.0, 0.45):
-            s.lines(v.path((middle + side * 0.35, low + 0.2 + shift), (quarter, (low + high) / 2 - 0.35 + shift)))
+            s.lines(
+                v.path((middle + side * 0.35, low + 0.2 + shift), (quarter, (low + high) / 2 - 0.35 + shift))
+            )
         for t in (0.25, 0.5, 0.75):
             x = left + (middle - left) * t if side < 0 else right - (right - middle) * t
             y = low + (high - low) * t + 0.55
@@ -121,7 +97,11 @@ def section(s):
     v.box(0, -0.6, 5.5, 0, BOLD)
     v.box(28, -0.6, 34, 0, BOLD)
     for x in (5.5, 28):
-        s.lines(v.path((x, 0), (x, 3.2)), v.path((x, 3.2), (0 if x < 10 else 34, 3.2)), v.path((x, 1.7), (0 if x < 10 else 34, 1.7)))
+        s.lines(
+            v.path((x, 0), (x, 3.2)),
+            v.path((x, 3.2), (0 if x < 10 else 34, 3.2)),
+            v.path((x, 1.7), (0 if x < 10 else 34, 1.7)),
+        )
     for k in range(14):
         v.box(5.5, -0.75 - k * 0.82, 7.0, -0.68 - k * 0.82)
     for x in (5.5, 7.0):
@@ -144,8 +124,13 @@ def window(s, v, x):
     s.circle(cx, cy, 2.45 * FOOT, FINE, 180, 360)
     for k in range(13):
         a = math.pi + math.pi * k / 12
-        s.lines([(cx + 2 * FOOT * math.cos(a), cy + 2 * FOOT * math.sin(a)), (cx + 2.45 * FOOT * math.cos(a), cy + 2.45 * FOOT * math.sin(a))],
-                width=FINE)
+        s.lines(
+            [
+                (cx + 2 * FOOT * math.cos(a), cy + 2 * FOOT * math.sin(a)),
+                (cx + 2.45 * FOOT * math.cos(a), cy + 2.45 * FOOT * math.sin(a)),
+            ],
+            width=FINE,
+        )
     for k in (1, 2, 3):
         s.lines(v.path((x + k, 5), (x + k, 12.5 + (1.95 if k == 2 else 1.6))), width=FINE)
     for k in range(1, 6):
@@ -178,11 +163,20 @@ def pipes(s, v):
     s.pipe(*v.path((10.5, 1.6), (40.6, 1.6)), bore=0.36)
     s.valve(*v.at(38.2, 1.6))
     s.pipe(*v.path((-7.5, -9.4), (11.6, -9.4)), bore=0.32)
-    s.lines(v.path((-7.5, -8.7), (-8.1, -8.2)), v.path((-7.5, -10.1), (-8.1, -10.6)), v.path((-8.1, -8.2), (-8.1, -10.6)))
+    s.lines(
+        v.path((-7.5, -8.7), (-8.1, -8.2)),
+        v.path((-7.5, -10.1), (-8.1, -10.6)),
+        v.path((-8.1, -8.2), (-8.1, -10.6)),
+    )
     for k in range(7):
         s.lines(v.path((-8.1, -8.4 - k * 0.33), (-7.6, -8.8 - k * 0.2)), width=FINE)
     x, y = v.at(-6.2, -5.2)
-    s.lines([(x - 0.9, y), (x + 0.75, y)], [(x - 0.5, y + 0.07), (x + 0.4, y + 0.07)], [(x - 0.25, y + 0.14), (x + 0.15, y + 0.14)], width=FINE)
+    s.lines(
+        [(x - 0.9, y), (x + 0.75, y)],
+        [(x - 0.5, y + 0.07), (x + 0.4, y + 0.07)],
+        [(x - 0.25, y + 0.14), (x + 0.15, y + 0.14)],
+        width=FINE,
+    )
     s.level(x - 0.2, y, "W.L. 284.50")
 
 
@@ -211,10 +205,17 @@ def section_dimensions(s, v):
         s.dimension(v.at(0, low)[1], v.at(0, high)[1], v.at(-9.4, 0)[0], feet(high - low), True)
     for x, y, words in ((29.2, 0, "FLOOR 296.00"), (31, -12, "PIT 284.00"), (29.2, 16.8, "RAIL 312.80")):
         s.level(*v.at(x, y), words)
-    for words, x, y, tx, ty in (("SLATES ON BOARDING", 36.4, 24.4, 25.6, 23.6), ("KING-POST TRUSSES", 36.4, 22.2, 24.6, 21.3),
-                                ("GANTRY, TO LIFT 4 TONS", 36.8, 14.8, 30, 16.2), ("15″ DELIVERY", 37.2, 4, 36.4, 2.1)):
+    for words, x, y, tx, ty in (
+        ("SLATES ON BOARDING", 36.4, 24.4, 25.6, 23.6),
+        ("KING-POST TRUSSES", 36.4, 22.2, 24.6, 21.3),
+        ("GANTRY, TO LIFT 4 TONS", 36.8, 14.8, 30, 16.2),
+        ("15″ DELIVERY", 37.2, 4, 36.4, 2.1),
+    ):
         s.note(words, *v.at(x, y), *v.at(tx, ty))
-    for words, x, y, tx, ty in (("18″ SUCTION", -3.0, -12.4, -2.6, -9.9), ("STRAINER", -5.2, -14.2, -7.8, -10.4)):
+    for words, x, y, tx, ty in (
+        ("18″ SUCTION", -3.0, -12.4, -2.6, -9.9),
+        ("STRAINER", -5.2, -14.2, -7.8, -10.4),
+    ):
         s.note(words, *v.at(x, y), *v.at(tx, ty))
 
 
@@ -238,14 +239,29 @@ def pump_plan(s, v, x, y, number):
 def plan(s):
     v = View(s, 4.6, 22.0, False)
     openings_top = ((9, 13), (16, 20), (23, 27))
-    walls = [((-1.5, -1.5), (9, 0)), ((13, -1.5), (16, 0)), ((20, -1.5), (23, 0)), ((27, -1.5), (35.5, 0)),
-             ((-1.5, 0), (0, 9)), ((-1.5, 14), (0, 26)), ((34, 0), (35.5, 26)),
-             ((-1.5, 26), (9, 27.5)), ((13, 26), (16, 27.5)), ((20, 26), (23, 27.5)), ((27, 26), (35.5, 27.5))]
+    walls = [
+        ((-1.5, -1.5), (9, 0)),
+        ((13, -1.5), (16, 0)),
+        ((20, -1.5), (23, 0)),
+        ((27, -1.5), (35.5, 0)),
+        ((-1.5, 0), (0, 9)),
+        ((-1.5, 14), (0, 26)),
+        ((34, 0), (35.5, 26)),
+        ((-1.5, 26), (9, 27.5)),
+        ((13, 26), (16, 27.5)),
+        ((20, 26), (23, 27.5)),
+        ((27, 26), (35.5, 27.5)),
+    ]
     for (x0, y0), (x1, y1) in walls:
         s.brick(*v.rect(x0, y0, x1, y1))
     for y0, y1 in ((-1.5, 0), (26, 27.5)):
         for x0, x1 in openings_top:
-            s.lines(v.path((x0, y0), (x1, y0)), v.path((x0, y1), (x1, y1)), v.path((x0, (y0 + y1) / 2), (x1, (y0 + y1) / 2)), width=FINE)
+            s.lines(
+                v.path((x0, y0), (x1, y0)),
+                v.path((x0, y1), (x1, y1)),
+                v.path((x0, (y0 + y1) / 2), (x1, (y0 + y1) / 2)),
+                width=FINE,
+            )
     for side, edge in ((-1, 9), (1, 14)):
         cx, cy = v.at(0, edge)
         s.circle(cx, cy, 2.5 * FOOT, FINE, 0 if side < 0 else -90, 90 if side < 0 else 0)
@@ -294,7 +310,9 @@ def switchboard(s, v):
 def boiler_house(s, v):
     """The stubs of the old boiler-house, broken off."""
     for y in (4, 22):
-        s.brick(*v.path((35.5, y), (38, y), (38.3, y + 0.5), (37.8, y + 0.8), (38.1, y + 1.2), (35.5, y + 1.2)))
+        s.brick(
+            *v.path((35.5, y), (38, y), (38.3, y + 0.5), (37.8, y + 0.8), (38.1, y + 1.2), (35.5, y + 1.2))
+        )
     for k, words in enumerate(("OLD BOILER-", "HOUSE, NOW", "STORE")):
         s.text(words, v.at(35.9, 0)[0], v.at(0, 15)[1] + k * 0.2, 10)
 
@@ -314,94 +332,6 @@ def plan_dimensions(s, v):
     s.text("ENGINE-HOUSE", *v.at(25, 25.2), 14)
     s.note("15″ DELIVERY TO RISING MAIN", *v.at(26.5, 30), *v.at(24.2, 29.5))
     s.note("CHEQUER PLATE OVER", *v.at(12.6, 1.9), *v.at(14.6, 3.2))
-
-
-def details(s):
-    """Right-hand column: a flange, the pump's curve and the list of parts."""
-    x, y = 21.3, 22.2
-    for r, w in ((1.25, BOLD), (0.75, BOLD), (0.82, FINE)):
-        s.circle(x, y, r, w)
-    s.circle(x, y, 1.02, FINE, dash=CENTRE)
-    for k in range(12):
-        a = math.radians(15 + 30 * k)
-        s.circle(x + 1.02 * math.cos(a), y + 1.02 * math.sin(a), 0.07)
-        s.lines([(x + 0.9 * math.cos(a), y + 0.9 * math.sin(a)), (x + 1.14 * math.cos(a), y + 1.14 * math.sin(a))], width=FINE)
-    s.cross(x, y, 1.5)
-    s.dimension(x - 0.75, x + 0.75, y + 1.75, "1′-3″")
-    s.dimension(x - 1.25, x + 1.25, y + 2.05, "2′-1″")
-    caption(s, "DETAIL OF FLANGE", "12 bolts 1 1/8 inch; scale 1:10", x, y + 2.6)
-    curve(s, 19.85, 28.9)
-    revisions(s)
-
-
-def curve(s, x, y):
-    """Head against quantity."""
-    wide, high = 3.1, 2.4
-    for k in range(9):
-        s.lines([(x + wide * k / 8, y), (x + wide * k / 8, y - high)], [(x, y - high * k / 8), (x + wide, y - high * k / 8)], width=FINE)
-        s.text(str(k * 5), x + wide * k / 8, y + 0.17, 8.5, 0.5)
-        if k % 2 == 0:
-            s.text(str(k * 30), x - 0.08, y - high * k / 8 + 0.04, 8.5, 1.0)
-    s.lines([(x + wide * t / 40, y - high * (228 - 0.045 * t**2 - 0.1 * t) / 240) for t in range(37)], width=BOLD)
-    s.lines([(x + wide * t / 40, y - high * (150 + 0.035 * t**2) / 240) for t in range(37)], width=LINE, dash=HIDDEN)
-    s.circle(x + wide * 30.7 / 40, y - high * 183 / 240, 0.07)
-    s.box(x, y - high, wide, high, BOLD)
-    s.text("Thousand gallons an hour", x + wide / 2, y + 0.38, 10, 0.5)
-    s.text("Head in feet", x - 0.42, y - high / 2, 10, 0.5, -90)
-    caption(s, "PUMP CURVE", "Pump (full) and system (dashed)", x + wide / 2, y + 0.85)
-
-
-REVISIONS = (("A", "Valve 5 moved outside the wall", "S.F."), ("B", "Strainers in bronze", "S.F."),
-             ("C", "Switchboard to five panels", "L.B."), ("", "", ""))
-
-
-def revisions(s):
-    x, y, row = 18.4, 31.2, 0.3
-    s.text("REVISIONS", x + 2.3, y - 0.15, 14, 0.5)
-    ruled(s, x, y, row, (0, 0.5, 3.9, 4.7), REVISIONS)
-
-
-def ruled(s, x, y, row, edges, rows):
-    """A table: its rules and its words."""
-    for k in range(len(rows) + 1):
-        s.lines([(x, y + k * row), (x + edges[-1], y + k * row)], width=FINE)
-    for edge in edges:
-        s.lines([(x + edge, y), (x + edge, y + len(rows) * row)])
-    for k, line in enumerate(rows):
-        for words, edge in zip(line, edges):
-            s.text(words, x + edge + 0.08, y + (k + 1) * row - 0.09, 10.5)
-
-
-PARTS = (("1", "Centrifugal pump, 12 inch", "2"), ("2", "Motor, 75 h.p., 1450 r.p.m.", "2"), ("3", "Sluice valve, 12 inch", "4"),
-         ("4", "Reflux valve, 12 inch", "2"), ("5", "Sluice valve, 15 inch", "2"), ("6", "Strainer, 18 inch, bronze", "2"),
-         ("7", "Suction pipe, 18 inch, cast iron", "44 ft"), ("8", "Delivery pipe, 15 inch, cast iron", "61 ft"),
-         ("9", "Gantry beam, 16 x 6 inch", "1"), ("10", "Travelling block, 4 tons", "1"), ("11", "Switchboard, five panels", "1"),
-         ("12", "Chequer plate, 5/16 inch", "212 sq.ft"))
-
-
-def parts(s):
-    x, y, row = 18.4, 15.6, 0.3
-    s.text("LIST OF PARTS", x + 2.3, y - 0.15, 16, 0.5)
-    ruled(s, x, y, row, (0, 0.5, 3.75, 4.7), (("No.", "Description", "Off"), *PARTS))
-
-
-NOTES = ("1. All levels are in feet above the Board’s datum at Hollin Bridge.", "2. Dimensions of the house were taken on the spot and govern the work.",
-         "3. New brickwork in cement mortar, one to three, bonded to the old.", "4. Pit walls to be rendered to a height of six feet before the pumps are set.",
-         "5. Pipes to be tested to 200 lb. per square inch in the presence of the Engineer.", "6. Compensation water to pass at all times while work is in hand.")
-
-
-def title(s):
-    x, y, wide, high = 13.6, 34.45, 9.65, 0.8
-    s.box(x, y, wide, high, BOLD)
-    for edge in (5.2, 7.3, 8.5):
-        s.lines([(x + edge, y), (x + edge, y + high)], width=LINE)
-    s.text("WENNA VALLEY WATER BOARD", x + 0.15, y + 0.27, 15)
-    s.text("ALDER FORD PUMPING STATION: GENERAL ARRANGEMENT", x + 0.15, y + 0.6, 11.5)
-    for words, value, edge in (("ENGINEER", "S. Fallow", 5.3), ("SCALE", "as shown", 7.4), ("DRAWING", "1005", 8.6)):
-        s.text(words, x + edge, y + 0.2, 8)
-        s.text(value, x + edge, y + 0.6, 18 if edge < 7 else 13 if edge < 8 else 24, font="Kristi" if edge < 7 else "Routed Gothic")
-    for k, words in enumerate(NOTES):
-        s.text(words, 1.1 + (k % 2) * 6.1, 34.6 + (k // 2) * 0.27, 9.5)
 
 
 def main(target):

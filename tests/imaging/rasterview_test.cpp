@@ -59,7 +59,7 @@ protected:
 
 TEST_F(RasterViewTest, PaintsThePageAndTheBackgroundAroundIt) {
     view.setBackground(0x405060);
-    EXPECT_EQ(composed(), std::vector<uint32_t>(120 * 90, 0xFF405060));
+    EXPECT_EQ(composed(), std::vector<uint32_t>(size_t{120} * 90, 0xFF405060));
     Raster page = makeRaster(PixelFormat::Bilevel, 60, 30);
     page.bilevelColours[0] = 0xFFFFF0;
     view.setRaster(page);
@@ -72,7 +72,7 @@ TEST_F(RasterViewTest, PaintsThePageAndTheBackgroundAroundIt) {
                       x >= 15 && x < 105 && y >= 22 && y < 67 ? 0xFFFFFFF0 : 0xFF405060);
     view.clear();
     EXPECT_FALSE(view.hasPicture());
-    EXPECT_EQ(composed(), std::vector<uint32_t>(120 * 90, 0xFF405060));
+    EXPECT_EQ(composed(), std::vector<uint32_t>(size_t{120} * 90, 0xFF405060));
 }
 
 TEST_F(RasterViewTest, ScrolledPaintingsAreThoseFromScratch) {

@@ -1,0 +1,81 @@
+#include "core/control/thumbnails.h"
+
+namespace pixmo {
+
+Thumbnails::~Thumbnails() {
+    parts_.fThumbNails = nullptr;
+}
+
+void Thumbnails::ShowThumbNails() {
+    parts_.procedure("ShowThumbNails").step([this] {
+        if (!fThumbNails_)
+            open();
+        follow();
+        parts_.ports.thumbnailHost->show(*fThumbNails_);
+    });
+}
+
+void Thumbnails::open() {
+    surface_ = parts_.ports.thumbnailHost->surface();
+    fThumbNails_ =
+        std::make_unique<dlgThumbs>(*this, *parts_.ports.timers, *parts_.ports.settings, *surface_);
+    fThumbNails_->ItemSelected.connect([this](int16_t page) { fThumbNails_ItemSelected(page); });
+    fThumbNails_->LoadThumbImage.connect([this](int16_t page) { fThumbNails_LoadThumbImage(page); });
+    fThumbNails_->PrintSelection.connect(
+        [this](const std::vector<int16_t>& pages) { PrintSelection.raise(pages); });
+    parts_.fThumbNails = fThumbNails_.get();
+}
+
+void Thumbnails::close() {
+    if (!fThumbNails_)
+        return;
+    fThumbNails_->SaveSettings();
+    parts_.ports.thumbnailHost->close();
+    parts_.fThumbNails = nullptr;
+    fThumbNails_.reset();
+}
+
+void Thumbnails::follow() {
+    if (fThumbNails_)
+        fThumbNails_->documentChanged();
+}
+
+bool Thumbnails::isReaderWaiting() const {
+    return session_.tmrDelay().isRunning() || isPagePending(parts_.session.currentPage);
+}
+
+bool Thumbnails::isPagePending(int16_t page) const {
+    return parts_.session.pending.contains(session_.pageTag(page));
+}
+
+int32_t Thumbnails::loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
+                             std::string& problem) const {
+    cLeadImageFunctions::Bytes bytes;
+    int32_t status = parts_.leadImageHelp.imgDecryptToArray(file, bytes, encBytes);
+    if (status == 0)
+        status = parts_.leadImageHelp.LoadArrayToRaster(bytes, raster);
+    if (status != 0)
+        problem = parts_.errors.Description();
+    return status;
+}
+
+void Thumbnails::fThumbNails_ItemSelected(int16_t page) {
+    parts_.procedure("fThumbNails_ItemSelected").step([&] {
+        int16_t number = page;
+        session_.LoadPage(number, false, false);
+    });
+}
+
+// A page that the view is about to show is never flagged for the thumbnails: its answer belongs to the view.
+void Thumbnails::fThumbNails_LoadThumbImage(int16_t page) {
+    parts_.procedure("fThumbNails_LoadThumbImage").step([&] {
+        if (isPagePending(page))
+            return;
+        int16_t number = page;
+        session_.LoadPage(number, false, true);
+        if (isPageCached(page))
+            parts_.session.pages.setForThumbnail(page, false);
+    });
+}
+
+} // namespace pixmo

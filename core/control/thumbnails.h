@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/control/controlparts.h"
+#include "core/control/session.h"
+#include "core/thumbs/dlgthumbs.h"
+
+#include <memory>
+#include <vector>
+
+namespace pixmo {
+
+/// The control's side of the thumbnail window: opens it, answers its questions, does what it asks.
+class Thumbnails : public ThumbDocument {
+public:
+    Thumbnails(ControlParts& parts, Session& session) : parts_(parts), session_(session) {}
+    ~Thumbnails() override;
+    Thumbnails(const Thumbnails&) = delete;
+    Thumbnails& operator=(const Thumbnails&) = delete;
+
+    void ShowThumbNails();
+    void close();
+    /// Page count, current page or transfers have changed.
+    void follow();
+    /// nullptr until it was opened.
+    dlgThumbs* window() const { return fThumbNails_.get(); }
+
+    Event<const std::vector<int16_t>&> PrintSelection;
+
+private:
+    int16_t pageCount() const override { return parts_.session.pageCount; }
+    int16_t currentPage() const override { return parts_.session.currentPage; }
+    bool isReaderWaiting() const override;
+    bool isPagePending(int16_t page) const override;
+    bool isPageCached(int16_t page) const override { return session_.IsPageCached(page); }
+    std::string transferProblem() const override { return parts_.session.transferProblem; }
+    int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
+                     std::string& problem) const override;
+
+    void open();
+    void fThumbNails_ItemSelected(int16_t page);
+    void fThumbNails_LoadThumbImage(int16_t page);
+
+    ControlParts& parts_;
+    Session& session_;
+    std::shared_ptr<ViewSurface> surface_;
+    std::unique_ptr<dlgThumbs> fThumbNails_;
+};
+
+} // namespace pixmo

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+namespace pixmo {
+
+/// The window that lists the pages, as far as the session knows it.
+class ThumbnailWindow {
+public:
+    virtual ~ThumbnailWindow() = default;
+
+    virtual void PostImageToThumbnail(int16_t page, const std::filesystem::path& file, int32_t encBytes) = 0;
+    virtual void reset() = 0;
+};
+
+} // namespace pixmo
