@@ -48,12 +48,12 @@ int32_t cErrObject::Push(const std::string& procedureName, bool logIt) {
 }
 
 int32_t cErrObject::Push(const std::string& procedureName, bool logIt, const Error& error) {
-    procedureName_ = procedureName;
-    const std::string source = error.Source.empty() ? procedureName : error.Source + "." + procedureName;
+    procedureName_ = procedureName.empty() ? "<Unknown Procedure>" : procedureName;
+    const std::string source = error.Source.empty() ? procedureName_ : error.Source + "." + procedureName_;
     error_ = error;
     error_.Source = source;
     if (logIt)
-        LogEvent("Auto Error Report: " + procedureName + " reports the following error: " + ShortErrStr(),
+        LogEvent("Auto Error Report: " + procedureName_ + " reports the following error: " + ShortErrStr(),
                  log_level::Error);
     return error_.Number;
 }
