@@ -1,6 +1,7 @@
 #include "faces/qt/imageviewprivate.h"
 
 #include "codecs/pagecodecs.h"
+#include "codecs/pagewriter.h"
 #include "faces/qt/clipboard.h"
 #include "faces/qt/container.h"
 #include "faces/qt/dialogs.h"
@@ -9,6 +10,7 @@
 #include "faces/qt/olecolour.h"
 #include "faces/qt/scratchfolder.h"
 #include "faces/qt/settingsstore.h"
+#include "faces/qt/thumbnailhost.h"
 #include "faces/qt/timers.h"
 #include "faces/qt/viewsurface.h"
 
@@ -68,6 +70,8 @@ ControlPorts ImageViewPrivate::ports() {
     ports.decoder = std::make_shared<PageCodecs>();
     ports.dialogs = std::make_shared<Dialogs>(link_);
     ports.clipboard = std::make_shared<Clipboard>();
+    ports.pageWriter = std::make_shared<PageFileWriter>();
+    ports.thumbnailHost = std::make_shared<ThumbnailHost>(link_);
     return ports;
 }
 
