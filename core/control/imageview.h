@@ -98,7 +98,8 @@ public:
     /// What to show instead of the picture while the picture of the current page is not there; "" when it is.
     std::string viewNotice() const;
     bool isPageDisplayed() const { return parts_.isPageDisplayed(); }
-    /// The picture of the current page is on its way; if not, and it is not displayed, it could not be loaded.
+    /// The picture of the current page is on its way; if not, and it is not displayed, it could not be
+    /// loaded.
     bool isPageAwaited() const;
     /// "85 %"; "" while no page is displayed.
     std::string zoomText() const;

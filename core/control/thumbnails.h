@@ -31,12 +31,14 @@ public:
     Event<const std::vector<int16_t>&> PrintSelection;
 
 private:
+    int32_t documentID() const override { return parts_.session.currentDocument; }
     int16_t pageCount() const override { return parts_.session.pageCount; }
     int16_t currentPage() const override { return parts_.session.currentPage; }
     bool isReaderWaiting() const override;
     bool isPagePending(int16_t page) const override;
     bool isPageCached(int16_t page) const override { return session_.IsPageCached(page); }
     std::string transferProblem() const override { return parts_.session.transferProblem; }
+    bool canPrint() const override { return PrintSelection.hasHandlers(); }
     int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
                      std::string& problem) const override;
 

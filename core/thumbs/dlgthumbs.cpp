@@ -95,10 +95,12 @@ void dlgThumbs::documentChanged() {
     const int16_t count = document_.pageCount();
     const int16_t page = document_.currentPage();
     reviveCurrentPage();
-    if (count == grid_.itemCount() && page == followedPage_)
+    const int32_t document = document_.documentID();
+    if (count == grid_.itemCount() && page == followedPage_ && document == shownDocument_)
         return;
-    if (count != grid_.itemCount())
+    if (count != grid_.itemCount() || document != shownDocument_)
         reset();
+    shownDocument_ = document;
     grid_.setItemCount(count);
     if (page > 0 && page <= count && page != followedPage_) {
         grid_.scrollToItem(page - 1);
@@ -108,6 +110,24 @@ void dlgThumbs::documentChanged() {
     followedPage_ = page;
     startLoading();
     changed();
+}
+
+std::string dlgThumbs::Caption() const {
+    const std::string title = "Thumbnails";
+    return shownDocument_ == 0 ? title : title + " \u2013 Document " + std::to_string(shownDocument_);
+}
+
+std::string dlgThumbs::notice() const {
+    if (grid_.itemCount() > 0)
+        return {};
+    return shownDocument_ == 0 ? "No document is loaded." : "The pages are being counted\u2026";
+}
+
+std::string dlgThumbs::tip(int16_t page) const {
+    const std::string name = "Page " + std::to_string(page);
+    if (state(page) != ThumbState::Failed)
+        return name;
+    return name + ": " + reason(page) + std::string(LineBreak) + "Click to try again.";
 }
 
 void dlgThumbs::resized() {

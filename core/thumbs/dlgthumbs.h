@@ -81,6 +81,15 @@ public:
     void printSelection();
     std::vector<int16_t> selectedPages() const;
 
+    /// "Thumbnails - Document 1001", with a dash.
+    std::string Caption() const;
+    /// What to show in place of the thumbnails; "" when there are some.
+    std::string notice() const;
+    /// What a pointer that rests on the page is told.
+    std::string tip(int16_t page) const;
+    int16_t currentPage() const { return followedPage_; }
+    bool canPrintSelection() const { return document_.canPrint() && !selection_.items().empty(); }
+
     const ThumbGrid& grid() const { return grid_; }
     const ThumbSelection& selection() const { return selection_; }
     ThumbState state(int16_t page) const { return pictures_.state(page - 1); }
@@ -125,6 +134,7 @@ private:
     bool shown_ = false;
     int32_t itemSizeFactor_ = 100;
     int16_t followedPage_ = 0;
+    int32_t shownDocument_ = 0;
     bool bandActive_ = false;
     int32_t bandX_ = 0;
     int32_t bandY_ = 0; ///< in the whole list, not in the window

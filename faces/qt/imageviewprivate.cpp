@@ -10,6 +10,7 @@
 #include "faces/qt/olecolour.h"
 #include "faces/qt/scratchfolder.h"
 #include "faces/qt/settingsstore.h"
+#include "faces/qt/thumbnailhost.h"
 #include "faces/qt/timers.h"
 #include "faces/qt/viewsurface.h"
 
@@ -69,6 +70,7 @@ ControlPorts ImageViewPrivate::ports() {
     ports.dialogs = std::make_shared<Dialogs>(link_);
     ports.clipboard = std::make_shared<Clipboard>();
     ports.pageWriter = std::make_shared<PageFileWriter>();
+    ports.thumbnailHost = std::make_shared<ThumbnailHost>(link_);
     return ports;
 }
 
