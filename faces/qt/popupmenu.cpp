@@ -8,7 +8,7 @@
 namespace pixmo::qt {
 
 void popUp(const std::vector<MenuItem>& items, QPoint place, QWidget* parent,
-           std::function<void(const std::string& key)> run) {
+           const std::function<void(const std::string& key)>& run) {
     if (items.empty())
         return;
     auto* const menu = new QMenu(parent);

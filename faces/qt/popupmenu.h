@@ -11,6 +11,6 @@ namespace pixmo::qt {
 
 /// Shows the menu without waiting; the key of what is chosen is handed on. Nothing opens without an item.
 void popUp(const std::vector<MenuItem>& items, QPoint place, QWidget* parent,
-           std::function<void(const std::string& key)> run);
+           const std::function<void(const std::string& key)>& run);
 
 } // namespace pixmo::qt
