@@ -25,10 +25,9 @@ namespace pixmo::qt {
 
 ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
-      page_(new PageView(&widget)), status_(widget), messageBox_(std::make_shared<MessageBox>(link_)),
-      reader_(std::make_shared<AsyncReader>()), control_(pixmo::ImageView::create(ports())) {
-    // This face has nothing that writes page files.
-    control_->commands().setForbidden("SAVEPAGE", true);
+      page_(new PageView(&widget)), debug_(new DebugPane(&widget)), status_(widget),
+      messageBox_(std::make_shared<MessageBox>(link_)), reader_(std::make_shared<AsyncReader>()),
+      control_(pixmo::ImageView::create(ports())) {
     control_->UserControl_InitProperties();
     page_->setControl(control_);
     widget_.setFocusProxy(page_);
@@ -154,6 +153,7 @@ void ImageViewPrivate::showInterface() {
     toolbar_->mirror(control_->tlbImage());
     status_.mirror(*control_);
     page_->refreshNotice();
+    debug_->mirror(*control_);
     relayout(false);
     announceChanges();
     if (link->widget)
@@ -166,12 +166,14 @@ void ImageViewPrivate::relayout(bool resized) {
     measures.width = widget_.width() - 2 * border;
     measures.height = widget_.height() - 2 * border;
     measures.toolbarHeight = toolbar_->sizeHint().height();
+    measures.debugShown = control_->commands().debugShown;
     status_.measure(measures);
     const ControlLayout layout = layOut(measures);
     const auto place = [border](const Box& box) {
         return QRect(box.left + border, box.top + border, box.width, box.height);
     };
     toolbar_->setGeometry(place(layout.toolbar));
+    debug_->setGeometry(place(layout.debug));
     status_.place(layout, {border, border});
     const QRect viewPlace = place(layout.view);
     page_->setGeometry(viewPlace);

@@ -3,6 +3,7 @@
 #include "core/control/imageview.h"
 #include "faces/qt/asyncreader.h"
 #include "faces/qt/commandtoolbar.h"
+#include "faces/qt/debugpane.h"
 #include "faces/qt/imageview.h"
 #include "faces/qt/messagebox.h"
 #include "faces/qt/pageview.h"
@@ -69,6 +70,7 @@ private:
     SharedWidgetLink link_;
     CommandToolBar* toolbar_;
     PageView* page_;
+    DebugPane* debug_;
     StatusRow status_;
     std::shared_ptr<MessageBox> messageBox_;
     std::shared_ptr<AsyncReader> reader_;

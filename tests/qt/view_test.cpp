@@ -3,7 +3,9 @@
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -161,6 +163,54 @@ TEST_F(View, KeepsItsPartsInsideHoweverSmall) {
                 << child->metaObject()->className() << " at " << size.width();
     }
     EXPECT_TRUE(view->isPageDisplayed());
+}
+
+TEST_F(View, ShowsTheTraceWhileDebugging) {
+    const auto* const pane = view->findChild<QPlainTextEdit*>();
+    EXPECT_FALSE(pane->isVisible());
+    press(Qt::Key_D, Qt::ShiftModifier);
+    EXPECT_TRUE(pane->isVisible());
+    EXPECT_TRUE(pane->toPlainText().contains(QStringLiteral("UserControl_InitProperties Fired.")));
+    EXPECT_EQ(boxes.texts().size(), 1);
+    press(Qt::Key_D, Qt::ShiftModifier);
+    EXPECT_FALSE(pane->isVisible());
+}
+
+TEST_F(View, GoesToThePageThatIsTypedIn) {
+    open();
+    QTimer typist;
+    QObject::connect(&typist, &QTimer::timeout, &typist, [&] {
+        if (QWidget* const dialog = QApplication::activeModalWidget()) {
+            typist.stop();
+            QTest::keyClicks(dialog->findChild<QLineEdit*>(), QStringLiteral("x7"));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        }
+    });
+    typist.start(5);
+    view->action(QStringLiteral("PAGEGOTO"))->trigger();
+    EXPECT_TRUE(waitForPage(7));
+}
+
+TEST_F(View, CopiesThePageWhole) {
+    open();
+    press(Qt::Key_C, Qt::ControlModifier);
+    const QImage copied = QGuiApplication::clipboard()->image();
+    EXPECT_GT(copied.width(), 2000);
+    EXPECT_GT(copied.height(), copied.width());
+    EXPECT_EQ(copied.pixelColor(copied.width() / 2, 60), QColor(Qt::white));
+}
+
+TEST_F(View, ZoomsAndPansByTheMouse) {
+    open();
+    QWheelEvent wheel({50, 50}, page().viewport()->mapToGlobal(QPointF(50, 50)), {}, {0, 240}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(page().viewport(), &wheel);
+    ASSERT_TRUE(page().horizontalScrollBar()->isVisible());
+    const int from = page().verticalScrollBar()->value();
+    QTest::mousePress(page().viewport(), Qt::LeftButton, {}, {200, 300});
+    QTest::mouseMove(page().viewport(), {180, 200});
+    QTest::mouseRelease(page().viewport(), Qt::LeftButton, {}, {180, 200});
+    EXPECT_EQ(page().verticalScrollBar()->value(), from + qRound(100 * view->devicePixelRatioF()));
 }
 
 TEST_F(View, NamesItsPartsForScreenReaders) {
