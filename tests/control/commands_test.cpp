@@ -204,11 +204,11 @@ TEST_F(CommandsTest, GotoIsLimitedToTheDocument) {
                                                           {"", "Page 5 of 5"},
                                                           {"-7", "Page 1 of 5"}}) {
         control.dialogs->onGoto = [&](dlgGotoPage& dialog) {
-            dialog.setTxtPageNumber(typed);
+            dialog.setTxtPageNumber(c.first);
             dialog.cmdOK_Click();
         };
         view().tlbImage_ButtonClick("PAGEGOTO");
-        EXPECT_EQ(view().txtPage(), page) << typed;
+        EXPECT_EQ(view().txtPage(), c.second) << c.first;
     }
     control.dialogs->onGoto = [](dlgGotoPage& dialog) {
         dialog.setTxtPageNumber("3");
