@@ -26,6 +26,10 @@ namespace pixmo::qt {
 ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
       page_(new PageView(&widget)), debug_(new DebugPane(&widget)), status_(widget),
+      actions_(widget,
+               [this](const std::string& key) {
+                   give([&key](pixmo::ImageView& control) { control.runCommand(key); });
+               }),
       messageBox_(std::make_shared<MessageBox>(link_)), reader_(std::make_shared<AsyncReader>()),
       control_(pixmo::ImageView::create(ports())) {
     control_->UserControl_InitProperties();
@@ -33,11 +37,7 @@ ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     widget_.setFocusProxy(page_);
     widget_.setFocusPolicy(Qt::StrongFocus);
     QObject::connect(toolbar_, &CommandToolBar::commandGiven, &widget_, [this](const QString& key) {
-        const QPointer<ImageView> alive(&widget_);
-        control()->tlbImage_ButtonClick(key.toStdString());
-        // A click turns a checkable action by itself; the control says how it stands.
-        if (alive)
-            showInterface();
+        give([&key](pixmo::ImageView& control) { control.tlbImage_ButtonClick(key.toStdString()); });
     });
     toolbar_->setMenu([this] { return control()->tlbImage_MouseDown(); },
                       [this](const std::string& key) { control()->runCommand(key); });
@@ -148,9 +148,22 @@ void ImageViewPrivate::announceChanges() {
             notifySignals_[row].invoke(link->widget, Qt::DirectConnection);
 }
 
+void ImageViewPrivate::give(const std::function<void(pixmo::ImageView&)>& command) {
+    const SharedWidgetLink link = link_;
+    command(*control());
+    if (link->widget)
+        showInterface();
+}
+
+void ImageViewPrivate::setForbidden(std::string_view key, bool forbidden) {
+    control_->commands().setForbidden(key, forbidden);
+    showInterface();
+}
+
 void ImageViewPrivate::showInterface() {
     const SharedWidgetLink link = link_;
     toolbar_->mirror(control_->tlbImage());
+    actions_.mirror(*control_);
     status_.mirror(*control_);
     page_->refreshNotice();
     debug_->mirror(*control_);

@@ -2,6 +2,7 @@
 
 #include "core/control/imageview.h"
 #include "faces/qt/asyncreader.h"
+#include "faces/qt/commandactions.h"
 #include "faces/qt/commandtoolbar.h"
 #include "faces/qt/debugpane.h"
 #include "faces/qt/imageview.h"
@@ -33,7 +34,8 @@ public:
     std::shared_ptr<pixmo::ImageView> control() const { return control_; }
     AsyncReader& reader() const { return *reader_; }
     MessageBox& messageBox() const { return *messageBox_; }
-    QAction* action(const QString& key) const { return toolbar_->commandAction(key); }
+    QAction* action(const QString& key) const { return actions_.find(key); }
+    void setForbidden(std::string_view key, bool forbidden);
 
     template <typename Type>
     Type get(std::string_view name) const {
@@ -62,6 +64,8 @@ private:
     void connectPrintEvents();
     void watchProperties();
     void showInterface();
+    /// Hands a command on; a click turns a checkable action by itself, so that all is shown anew.
+    void give(const std::function<void(pixmo::ImageView&)>& command);
     void applyAppearance(std::string_view name);
     void applyFont();
     int borderWidth() const { return get<int16_t>("BorderStyle") == 0 ? 0 : 1; }
@@ -72,6 +76,7 @@ private:
     PageView* page_;
     DebugPane* debug_;
     StatusRow status_;
+    CommandActions actions_;
     std::shared_ptr<MessageBox> messageBox_;
     std::shared_ptr<AsyncReader> reader_;
     std::shared_ptr<pixmo::ImageView> control_;
