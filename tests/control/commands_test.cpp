@@ -197,7 +197,7 @@ TEST_F(CommandsTest, TheHostHearsOfKeysAfterTheControl) {
 
 TEST_F(CommandsTest, GotoIsLimitedToTheDocument) {
     open(2, 5);
-    for (const auto& [typed, page] :
+    for (const auto& c :
          std::vector<std::pair<std::string, std::string>>{{"4", "Page 4 of 5"},
                                                           {"00003", "Page 3 of 5"},
                                                           {"99999", "Page 5 of 5"},
