@@ -27,8 +27,6 @@ ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
       page_(new PageView(&widget)), status_(widget), messageBox_(std::make_shared<MessageBox>(link_)),
       reader_(std::make_shared<AsyncReader>()), control_(pixmo::ImageView::create(ports())) {
-    // This face has nothing that writes page files.
-    control_->commands().setForbidden("SAVEPAGE", true);
     control_->UserControl_InitProperties();
     page_->setControl(control_);
     widget_.setFocusProxy(page_);
