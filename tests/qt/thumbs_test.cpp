@@ -12,6 +12,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <vector>
 
 namespace pixmo::qt {
@@ -19,17 +20,17 @@ namespace {
 
 using Thumbs = ThumbsFixture;
 
-/// How many pixels of a page's cell are dark.
-int darkPixels(const QImage& image, const QRect& cell) {
-    int dark = 0;
+/// How many pixels of a page's cell are not paper.
+int inkPixels(const QImage& image, const QRect& cell) {
+    int ink = 0;
     for (int y = cell.top() + 12; y < cell.bottom() - 30; ++y)
         for (int x = cell.left() + 20; x < cell.right() - 20; ++x)
-            dark += qGray(image.pixel(x, y)) < 128 ? 1 : 0;
-    return dark;
+            ink += qGray(image.pixel(x, y)) < 215 ? 1 : 0;
+    return ink;
 }
 
 TEST_F(Thumbs, ShowsThePagesOfTheDocument) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     EXPECT_EQ(window()->windowTitle(), QString::fromUtf8("Thumbnails \u2013 Document 1001"));
     EXPECT_FALSE(window()->isModal());
     EXPECT_EQ(thumbs()->grid().itemCount(), sample::ManyPagesCount);
@@ -38,7 +39,7 @@ TEST_F(Thumbs, ShowsThePagesOfTheDocument) {
     const QImage seen = list().viewport()->grab().toImage();
     for (int item = range.first; item < range.end; ++item) {
         if (list().viewport()->rect().contains(list().cell(item))) {
-            EXPECT_GT(darkPixels(seen, list().cell(item)), 20) << "page " << item + 1;
+            EXPECT_GT(inkPixels(seen, list().cell(item)), 100) << "page " << item + 1;
         }
     }
     keepPicture(*window(), QStringLiteral("thumbs-12"));
@@ -46,7 +47,7 @@ TEST_F(Thumbs, ShowsThePagesOfTheDocument) {
 }
 
 TEST_F(Thumbs, MouseAndKeyboard) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     ASSERT_TRUE(waitForThumbs());
     click(2);
     click(4, Qt::ShiftModifier);
@@ -84,7 +85,7 @@ void wheel(QWidget& widget, int steps, Qt::KeyboardModifiers with) {
 }
 
 TEST_F(Thumbs, WheelScrollsAndResizes) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     wheel(*list().viewport(), 2, Qt::ControlModifier);
     EXPECT_EQ(thumbs()->itemSizeFactor(), 120);
     wheel(*list().viewport(), -1, Qt::ControlModifier);
@@ -99,7 +100,7 @@ TEST_F(Thumbs, WheelScrollsAndResizes) {
 }
 
 TEST_F(Thumbs, ToolbarAndItsSettings) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     auto* const bar = window()->findChild<QToolBar*>();
     const auto action = [&](const char* key) { return window()->findChild<QAction*>(QLatin1String(key)); };
     EXPECT_EQ(bar->iconSize(), QSize(32, 32));
@@ -125,14 +126,10 @@ TEST_F(Thumbs, ToolbarAndItsSettings) {
     view.reset();
     EXPECT_EQ(window(), nullptr);
     makeView();
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     EXPECT_FALSE(window()->findChild<QToolBar*>()->isVisible());
     EXPECT_EQ(thumbs()->itemSizeFactor(), 110);
     EXPECT_EQ(window()->size(), QSize(500, 400));
-    for (QAction* each : window()->findChildren<QAction*>())
-        if (each->isCheckable())
-            each->trigger();
-    thumbs()->setItemSizeFactor(100);
 }
 
 TEST_F(Thumbs, AFailedPageSaysWhyAndTriesAgain) {
@@ -156,7 +153,7 @@ TEST_F(Thumbs, AFailedPageSaysWhyAndTriesAgain) {
 }
 
 TEST_F(Thumbs, AnotherDocumentAndNone) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     ASSERT_TRUE(waitForThumbs());
     view->Clear();
     EXPECT_EQ(window()->windowTitle(), QStringLiteral("Thumbnails"));
@@ -176,9 +173,12 @@ protected:
         const QString document = folder.filePath(QStringLiteral("7"));
         QDir().mkpath(document);
         const QDir pages(QStringLiteral(PIXMO_SAMPLES "/1001"));
-        const QString page = pages.filePath(pages.entryList(QDir::Files).value(0));
-        for (int number = 1; number <= Count; ++number)
-            QFile::link(page, document + QStringLiteral("/p%1.tif").arg(number, 4, 10, QLatin1Char('0')));
+        const std::string page = document.toStdString() + "/p0001.tif";
+        QFile::copy(pages.filePath(pages.entryList(QDir::Files).value(0)), QString::fromStdString(page));
+        for (int number = 2; number <= Count; ++number)
+            std::filesystem::create_hard_link(
+                page,
+                (document + QStringLiteral("/p%1.tif").arg(number, 4, 10, QLatin1Char('0'))).toStdString());
         many = std::make_unique<EngineProcess>(QStringList(), folder.path());
         view->setEngineAddress(many->address());
     }
@@ -203,7 +203,7 @@ protected:
 };
 
 TEST_F(ManyThumbs, OnlyWhatIsSeenIsLoaded) {
-    openThumbs(7);
+    ASSERT_NO_FATAL_FAILURE(openThumbs(7));
     window()->resize(1400, 1000);
     ASSERT_TRUE(waitFor([&] { return list().width() == 1400; }));
     ASSERT_TRUE(waitForThumbs());
@@ -223,7 +223,7 @@ TEST_F(ManyThumbs, OnlyWhatIsSeenIsLoaded) {
 
 // The host ends the viewer when a thumbnail makes it turn the page.
 TEST_F(Thumbs, TheViewerEndsInsideAnEventOfTheWindow) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     ASSERT_TRUE(waitForThumbs());
     QObject::connect(view.get(), &ImageView::PageChanged, view.get(), [this] { view.reset(); });
     const QPointer<ThumbsWindow> thumbsWindow = window();
@@ -234,7 +234,7 @@ TEST_F(Thumbs, TheViewerEndsInsideAnEventOfTheWindow) {
 }
 
 TEST_F(Thumbs, AccessibleAsAList) {
-    openThumbs();
+    ASSERT_NO_FATAL_FAILURE(openThumbs());
     ASSERT_TRUE(waitForThumbs());
     QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&list());
     ASSERT_TRUE(interface);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "faces/qt/settingsstore.h"
 #include "faces/qt/thumbsview.h"
 #include "faces/qt/thumbswindow.h"
 #include "tests/qt/viewfixture.h"
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QPixmap>
+#include <utility>
 
 namespace pixmo::qt {
 
@@ -21,6 +23,15 @@ inline void keepPicture(QWidget& window, const QString& name) {
 /// The thumbnail window over a widget with a document.
 class ThumbsFixture : public ViewFixture {
 protected:
+    /// What another test left is not wanted.
+    ThumbsFixture() {
+        for (const auto& [key, value] :
+             {std::pair{"ItemSizeFactor", "100"}, std::pair{"mnuPopToolbar", "True"},
+              std::pair{"mnuPopup1LargeButtons", "True"}, std::pair{"mnuPopup1ButtonCaptions", "False"},
+              std::pair{"Form.Width", "420"}, std::pair{"Form.Height", "560"}})
+            SettingsStore().SaveSetting("dlgThumbs.", key, value);
+    }
+
     void openThumbs(int document = sample::ManyPages) {
         view->setThumbsAvailable(true);
         view->LoadDocumentByDocID(document, 1);
