@@ -65,6 +65,7 @@ TEST_F(CommandsTest, TheToolbarIsTheTableOfButtons) {
 }
 
 TEST_F(CommandsTest, ButtonsAreEnabledByTheFacts) {
+    view().commands().canPrint = false;
     view().setProperty("BookmarkAvailable", true);
     EXPECT_THAT(enabledButtons(), ElementsAre());
     control.open(5, 1, 5);
@@ -111,7 +112,7 @@ TEST_F(CommandsTest, Menus) {
     EXPECT_EQ(menu(view().lvrImage_RightClick()),
               "mnuPopupPan mnuPopupSelect* -mnuPop2Sep1 mnuPopupFitBest mnuPopupFitHeight "
               "mnuPopupFitWidth mnuPopupGrayscale -mnuPop2Sep2 mnuPopupCopy mnuPopupSavePage "
-              "mnuPopupPrint? -mnuPop2Sep3 mnuPopupImageInfo mnuPopupAbout mnuDebug ");
+              "mnuPopupPrint -mnuPop2Sep3 mnuPopupImageInfo mnuPopupAbout mnuDebug ");
     EXPECT_TRUE(view().tlbImage().find("SELECTION")->Pressed);
     EXPECT_FALSE(view().tlbImage().find("PAN")->Pressed);
     EXPECT_FALSE(picture().GrayScale());
