@@ -207,6 +207,7 @@ PrintRequest PrintJob::requestOf(const Choice& choice) {
         request.pageNumbers = pageNumbers(choice.pages);
     request.scale = choice.scale;
     request.copies = choice.copies;
+    request.mayCrop = choice.mayCrop;
     request.paperSize = properties.DfPrintPaperSize;
     request.caption = properties.PrintCaption;
     if (!properties.PrintImageDesc.empty())

@@ -29,6 +29,7 @@ public:
         std::vector<int16_t> pages;
         int16_t scale = 0; ///< fit to page, full size, current view
         int32_t copies = 1;
+        bool mayCrop = false; ///< full-size pages are cut to the paper without asking
     };
 
     bool isRunning() const { return parts_.printing.running; }

@@ -147,7 +147,7 @@ bool PagePrinter::printPage(const PrintRequest& request, size_t index, PrintClie
 }
 
 bool PagePrinter::TruncateWarning(const PrintRequest& request, PrintClient& client) {
-    if (request.scale != FullSize)
+    if (request.scale != FullSize || request.mayCrop)
         return true;
     for (const int16_t page : request.pages) {
         bool cropped = false;

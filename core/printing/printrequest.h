@@ -24,6 +24,7 @@ struct PrintRequest {
     std::vector<std::string> pageNumbers; ///< what stands at the foot of each; empty: nothing does
     int16_t scale = 0;                    ///< fit to page, full size, current view
     int32_t copies = 1;
+    bool mayCrop = false;         ///< full-size pages are cut to the paper without asking
     int32_t paperSize = 0;        ///< 0: the printer's own
     std::string caption;          ///< "": none
     int16_t captionFontSize = 12; ///< points

@@ -1,12 +1,14 @@
 #include "faces/qt/imageviewprivate.h"
 
 #include "codecs/pagecodecs.h"
+#include "core/printing/dlgprint.h"
 #include "faces/qt/clipboard.h"
 #include "faces/qt/container.h"
 #include "faces/qt/dialogs.h"
 #include "faces/qt/eventloop.h"
 #include "faces/qt/identity.h"
 #include "faces/qt/olecolour.h"
+#include "faces/qt/printwindows.h"
 #include "faces/qt/scratchfolder.h"
 #include "faces/qt/settingsstore.h"
 #include "faces/qt/timers.h"
@@ -24,7 +26,8 @@ namespace pixmo::qt {
 ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
       page_(new PageView(&widget)), status_(widget), messageBox_(std::make_shared<MessageBox>(link_)),
-      reader_(std::make_shared<AsyncReader>()), control_(pixmo::ImageView::create(ports())) {
+      reader_(std::make_shared<AsyncReader>()), printers_(std::make_shared<Printers>(link_)),
+      control_(pixmo::ImageView::create(ports())) {
     // This face has nothing that writes page files.
     control_->commands().setForbidden("SAVEPAGE", true);
     control_->UserControl_InitProperties();
@@ -68,6 +71,8 @@ ControlPorts ImageViewPrivate::ports() {
     ports.decoder = std::make_shared<PageCodecs>();
     ports.dialogs = std::make_shared<Dialogs>(link_);
     ports.clipboard = std::make_shared<Clipboard>();
+    ports.printers = printers_;
+    ports.printWindows = std::make_shared<PrintWindows>(link_);
     return ports;
 }
 
@@ -185,6 +190,19 @@ int ImageViewPrivate::barsHeight() const {
 void ImageViewPrivate::load(int32_t docID, int32_t page) {
     constexpr int32_t last = std::numeric_limits<int16_t>::max();
     control()->LoadDocumentByDocID(docID, static_cast<int16_t>(std::clamp(page, -last, last)));
+}
+
+int ImageViewPrivate::printToFile(const QString& file, const QList<short>& pages, bool fullSize) {
+    const auto held = control();
+    const auto printers = printers_;
+    printers->setFile(file);
+    pixmo::PrintJob::Choice choice;
+    choice.pages.assign(pages.begin(), pages.end());
+    choice.scale = fullSize ? FullSize : FitToPage;
+    choice.mayCrop = true;
+    held->printJob().print(choice);
+    printers->setFile({});
+    return qMax(0, held->printJob().pagesQueued());
 }
 
 void ImageViewPrivate::applyAppearance(std::string_view name) {

@@ -6,6 +6,7 @@
 #include "faces/qt/imageview.h"
 #include "faces/qt/messagebox.h"
 #include "faces/qt/pageview.h"
+#include "faces/qt/printers.h"
 #include "faces/qt/statusrow.h"
 #include "faces/qt/texts.h"
 #include "faces/qt/widgetlink.h"
@@ -32,6 +33,7 @@ public:
     std::shared_ptr<pixmo::ImageView> control() const { return control_; }
     AsyncReader& reader() const { return *reader_; }
     MessageBox& messageBox() const { return *messageBox_; }
+    Printers& printers() const { return *printers_; }
     QAction* action(const QString& key) const { return toolbar_->commandAction(key); }
 
     template <typename Type>
@@ -54,6 +56,7 @@ public:
     /// Of toolbar and status line together.
     int barsHeight() const;
     void load(int32_t docID, int32_t page);
+    int printToFile(const QString& file, const QList<short>& pages, bool fullSize);
 
 private:
     ControlPorts ports();
@@ -72,6 +75,7 @@ private:
     StatusRow status_;
     std::shared_ptr<MessageBox> messageBox_;
     std::shared_ptr<AsyncReader> reader_;
+    std::shared_ptr<Printers> printers_;
     std::shared_ptr<pixmo::ImageView> control_;
     std::vector<PropertyValue> announced_; ///< by row of the table of properties
     std::vector<QMetaMethod> notifySignals_;
