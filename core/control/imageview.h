@@ -7,6 +7,7 @@
 #include "core/control/debugtrace.h"
 #include "core/control/layout.h"
 #include "core/control/menus.h"
+#include "core/control/printjob.h"
 #include "core/control/propertytable.h"
 #include "core/control/responses.h"
 #include "core/control/session.h"
@@ -79,6 +80,7 @@ public:
     const Commands& commands() const { return commands_; }
     ViewMouse& mouse() { return mouse_; }
     Thumbnails& thumbnails() { return thumbnails_; }
+    PrintJob& printJob() { return printJob_; }
 
     ControlEvents& events() { return parts_.events; }
     /// Something that a face draws beside the page has changed: toolbar, read-out, status, pointer.
@@ -119,6 +121,7 @@ private:
     explicit ImageView(ControlPorts ports);
 
     void UserControl_Initialize();
+    void connectPrinting();
     std::unique_ptr<Timer> timer(void (ImageView::*fired)());
     void trace(const std::string& line);
     void readIdentity();
@@ -144,6 +147,7 @@ private:
     Commands commands_;
     ViewMouse mouse_;
     Thumbnails thumbnails_;
+    PrintJob printJob_;
     std::unique_ptr<Timer> tmrResizeDelay_;
     std::unique_ptr<Timer> tmrRunResize_;
     int32_t savedGrayScale_ = NoGrayScaleSaved;

@@ -78,6 +78,10 @@ void ImageView::Clear() {
     d_->control()->Clear();
 }
 
+int ImageView::PrintToFile(const QString& FileName, const QList<short>& Pages, bool FullSize) {
+    return d_->printToFile(FileName, Pages, FullSize);
+}
+
 void ImageView::LoadDocumentByDocID(int DocID, int PageNum) {
     d_->load(DocID, PageNum);
 }

@@ -3,6 +3,7 @@
 #include "core/control/enumerations.h"
 
 #include <QFont>
+#include <QList>
 #include <QString>
 #include <QWidget>
 #include <memory>
@@ -227,6 +228,10 @@ public Q_SLOTS:
     /// Loads a document and shows that page of it: 0 means the first, a negative number its absolute value.
     /// Returns when the server has been contacted, and handles events meanwhile.
     void LoadDocumentByDocID(int DocID, int PageNum);
+    /// Prints those pages of the document to a PDF file, fitted to the page or in full size, and asks nobody.
+    /// Returns when it is done, and handles events meanwhile. How many pages are in the file; 0 when there
+    /// is none.
+    int PrintToFile(const QString& FileName, const QList<short>& Pages, bool FullSize);
     /// What went wrong last.
     void GetLastError(int& Number, QString& Source, QString& Description, QString& HelpFile,
                       int& HelpContext) const;

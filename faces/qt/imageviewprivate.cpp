@@ -2,12 +2,14 @@
 
 #include "codecs/pagecodecs.h"
 #include "codecs/pagewriter.h"
+#include "core/printing/dlgprint.h"
 #include "faces/qt/clipboard.h"
 #include "faces/qt/container.h"
 #include "faces/qt/dialogs.h"
 #include "faces/qt/eventloop.h"
 #include "faces/qt/identity.h"
 #include "faces/qt/olecolour.h"
+#include "faces/qt/printwindows.h"
 #include "faces/qt/scratchfolder.h"
 #include "faces/qt/settingsstore.h"
 #include "faces/qt/thumbnailhost.h"
@@ -31,7 +33,7 @@ ImageViewPrivate::ImageViewPrivate(ImageView& widget)
                    give([&key](pixmo::ImageView& control) { control.runCommand(key); });
                }),
       messageBox_(std::make_shared<MessageBox>(link_)), reader_(std::make_shared<AsyncReader>()),
-      control_(pixmo::ImageView::create(ports())) {
+      printers_(std::make_shared<Printers>(link_)), control_(pixmo::ImageView::create(ports())) {
     control_->UserControl_InitProperties();
     page_->setControl(control_);
     widget_.setFocusProxy(page_);
@@ -71,6 +73,8 @@ ControlPorts ImageViewPrivate::ports() {
     ports.clipboard = std::make_shared<Clipboard>();
     ports.pageWriter = std::make_shared<PageFileWriter>();
     ports.thumbnailHost = std::make_shared<ThumbnailHost>(link_);
+    ports.printers = printers_;
+    ports.printWindows = std::make_shared<PrintWindows>(link_);
     return ports;
 }
 
@@ -204,6 +208,19 @@ int ImageViewPrivate::barsHeight() const {
 void ImageViewPrivate::load(int32_t docID, int32_t page) {
     constexpr int32_t last = std::numeric_limits<int16_t>::max();
     control()->LoadDocumentByDocID(docID, static_cast<int16_t>(std::clamp(page, -last, last)));
+}
+
+int ImageViewPrivate::printToFile(const QString& file, const QList<short>& pages, bool fullSize) {
+    const auto held = control();
+    const auto printers = printers_;
+    printers->setFile(file);
+    pixmo::PrintJob::Choice choice;
+    choice.pages.assign(pages.begin(), pages.end());
+    choice.scale = fullSize ? FullSize : FitToPage;
+    choice.mayCrop = true;
+    held->printJob().print(choice);
+    printers->setFile({});
+    return qMax(0, held->printJob().pagesQueued());
 }
 
 void ImageViewPrivate::applyAppearance(std::string_view name) {

@@ -8,6 +8,7 @@
 #include "faces/qt/imageview.h"
 #include "faces/qt/messagebox.h"
 #include "faces/qt/pageview.h"
+#include "faces/qt/printers.h"
 #include "faces/qt/statusrow.h"
 #include "faces/qt/texts.h"
 #include "faces/qt/widgetlink.h"
@@ -34,6 +35,7 @@ public:
     std::shared_ptr<pixmo::ImageView> control() const { return control_; }
     AsyncReader& reader() const { return *reader_; }
     MessageBox& messageBox() const { return *messageBox_; }
+    Printers& printers() const { return *printers_; }
     QAction* action(const QString& key) const { return actions_.find(key); }
     void setForbidden(std::string_view key, bool forbidden);
 
@@ -57,6 +59,7 @@ public:
     /// Of toolbar and status line together.
     int barsHeight() const;
     void load(int32_t docID, int32_t page);
+    int printToFile(const QString& file, const QList<short>& pages, bool fullSize);
 
 private:
     ControlPorts ports();
@@ -79,6 +82,7 @@ private:
     CommandActions actions_;
     std::shared_ptr<MessageBox> messageBox_;
     std::shared_ptr<AsyncReader> reader_;
+    std::shared_ptr<Printers> printers_;
     std::shared_ptr<pixmo::ImageView> control_;
     std::vector<PropertyValue> announced_; ///< by row of the table of properties
     std::vector<QMetaMethod> notifySignals_;

@@ -24,7 +24,8 @@ private:
     QRectF pictureRoom(const QRect& cell) const;
     QRectF paintPicture(const ThumbPicture& picture, const QRectF& room);
     QRectF paintOutline(const QRectF& room);
-    void paintPaper(const QRectF& page, const QColor& paper);
+    void paintBorder(const QRectF& page);
+    void paintCurrent(const QRectF& page);
     void paintWaiting(const QRectF& page);
     void paintBroken(const QRectF& page);
     void paintNumber(int item, const QRect& cell);
