@@ -164,7 +164,7 @@ std::vector<uint8_t> encodeTiff(const Raster& page) {
     if (file.outOfMemory)
         throw std::bad_alloc();
     if (!done)
-        throw pictureError("The page cannot be written as TIFF: " + messages.text() + ".");
+        throw pictureError(std::string("The page cannot be written as TIFF: ") + messages.text() + ".");
     return std::move(file.bytes);
 }
 

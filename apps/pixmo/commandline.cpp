@@ -33,7 +33,17 @@ void declare(QCommandLineParser& parser) {
         {QStringLiteral("screenshot"),
          QStringLiteral("Save the viewer with its page as PNG and end: 0 when the page was shown, else 1."),
          QStringLiteral("FILE")},
-        {QStringLiteral("timeout"), QStringLiteral("Longest wait for a screenshot; 30 unless given."),
+        {QStringLiteral("print-to"),
+         QStringLiteral("Print the document to a PDF file and end: 0 when every page is in it, else 1."),
+         QStringLiteral("FILE")},
+        {QStringLiteral("pages"), QStringLiteral("Pages to print, like 2-5,9; all unless given."),
+         QStringLiteral("LIST")},
+        {QStringLiteral("scale"), QStringLiteral("fit: to the page; full: in true inches."),
+         QStringLiteral("fit|full")},
+        {QStringLiteral("cover"), QStringLiteral("Print a cover sheet first.")},
+        {QStringLiteral("caption"), QStringLiteral("Text at the top of every printed page."),
+         QStringLiteral("TEXT")},
+        {QStringLiteral("timeout"), QStringLiteral("Longest wait for screenshot or print; 30 unless given."),
          QStringLiteral("SECONDS")},
         {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")},
         {{QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Show the version.")},
@@ -67,6 +77,10 @@ void checkTogether(const Options& options) {
         throw Refusal{QStringLiteral("--doc needs --engine.")};
     if (!options.screenshot.isEmpty() && options.document.document == 0)
         throw Refusal{QStringLiteral("--screenshot needs --engine and --doc.")};
+    if (!options.printFile.isEmpty() && options.document.document == 0)
+        throw Refusal{QStringLiteral("--print-to needs --engine and --doc.")};
+    if (!options.printFile.isEmpty() && !options.screenshot.isEmpty())
+        throw Refusal{QStringLiteral("--print-to and --screenshot exclude each other.")};
 }
 
 QString nonEmpty(const QCommandLineParser& parser, const char* option) {
@@ -90,6 +104,39 @@ void readConnection(const QCommandLineParser& parser, Options& options) {
     options.protectedBytes = number(parser, "enc-bytes", -1, std::numeric_limits<int>::max());
 }
 
+/// Either way round; what is beyond the document is cut when its length is known.
+PageSpan pageSpan(const QString& text) {
+    const QStringList ends = text.split(QLatin1Char('-'));
+    bool ok = ends.size() <= 2;
+    int numbers[2] = {0, 0};
+    for (qsizetype end = 0; ok && end < ends.size(); ++end) {
+        numbers[end] = ends[end].trimmed().toInt(&ok);
+        ok = ok && numbers[end] >= 1 && numbers[end] <= LastPage;
+    }
+    if (!ok)
+        throw Refusal{QStringLiteral("--pages: '%1' is no page or range of pages.").arg(text)};
+    if (ends.size() == 1)
+        numbers[1] = numbers[0];
+    return {qMin(numbers[0], numbers[1]), qMax(numbers[0], numbers[1])};
+}
+
+void readPrinting(const QCommandLineParser& parser, Options& options) {
+    options.printFile = nonEmpty(parser, "print-to");
+    const QString pages = nonEmpty(parser, "pages");
+    if (!pages.isEmpty())
+        for (const QString& text : pages.split(QLatin1Char(',')))
+            options.pages.append(pageSpan(text));
+    const QString scale = nonEmpty(parser, "scale");
+    if (!scale.isEmpty() && scale != QLatin1String("fit") && scale != QLatin1String("full"))
+        throw Refusal{QStringLiteral("--scale: '%1' is neither fit nor full.").arg(scale)};
+    options.fullSize = scale == QLatin1String("full");
+    options.coverSheet = parser.isSet(QStringLiteral("cover"));
+    options.caption = parser.value(QStringLiteral("caption"));
+    for (const char* option : {"pages", "scale", "cover", "caption"})
+        if (options.printFile.isEmpty() && parser.isSet(QString::fromLatin1(option)))
+            throw Refusal{QStringLiteral("--%1 needs --print-to.").arg(QString::fromLatin1(option))};
+}
+
 Options read(const QCommandLineParser& parser) {
     Options options;
     readConnection(parser, options);
@@ -98,6 +145,7 @@ Options read(const QCommandLineParser& parser) {
     if (parser.isSet(QStringLiteral("size")))
         options.size = size(parser.value(QStringLiteral("size")));
     options.screenshot = nonEmpty(parser, "screenshot");
+    readPrinting(parser, options);
     options.timeoutSeconds = number(parser, "timeout", 1, LongestTimeout).value_or(options.timeoutSeconds);
     if (!parser.positionalArguments().isEmpty())
         throw Refusal{QStringLiteral("Unknown argument '%1'.").arg(parser.positionalArguments().first())};

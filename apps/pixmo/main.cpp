@@ -1,5 +1,6 @@
 #include "apps/pixmo/commandline.h"
 #include "apps/pixmo/mainwindow.h"
+#include "apps/pixmo/printfilejob.h"
 #include "apps/pixmo/screenshotjob.h"
 
 #include <QApplication>
@@ -32,7 +33,7 @@ void doWithoutScreen(int argc, char** argv) {
                            qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
                            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     if (!hasScreen || holds(argc, argv, {"--help", "-h", "--version", "-v"}))
-        if (holds(argc, argv, {"--help", "-h", "--version", "-v", "--screenshot"}))
+        if (holds(argc, argv, {"--help", "-h", "--version", "-v", "--screenshot", "--print-to"}))
             qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
@@ -49,6 +50,13 @@ void endAtLast(int seconds) {
 int takeScreenshot(const Options& options) {
     endAtLast(options.timeoutSeconds + GraceSeconds);
     ScreenshotJob job(options);
+    job.start();
+    return QApplication::exec();
+}
+
+int printToFile(const Options& options) {
+    endAtLast(options.timeoutSeconds + GraceSeconds);
+    PrintFileJob job(options);
     job.start();
     return QApplication::exec();
 }
@@ -70,6 +78,8 @@ int run(const Options& options) {
         std::puts("pixmo " PIXMO_VERSION);
         return 0;
     }
+    if (!options.printFile.isEmpty())
+        return printToFile(options);
     return options.screenshot.isEmpty() ? showWindow(options) : takeScreenshot(options);
 }
 

@@ -19,7 +19,9 @@ using Rule = bool (*)(const Facts&);
 
 constexpr Rule Always = [](const Facts&) { return true; };
 constexpr Rule PageIsDisplayed = [](const Facts& facts) { return facts.pageDisplayed; };
-constexpr Rule PageCanBePrinted = [](const Facts& facts) { return facts.pageDisplayed && facts.canPrint; };
+constexpr Rule PageCanBePrinted = [](const Facts& facts) {
+    return facts.pageDisplayed && facts.canPrint && !facts.printing;
+};
 constexpr Rule HasPages = [](const Facts& facts) { return facts.pageCount >= 1; };
 
 } // namespace
@@ -43,7 +45,8 @@ struct CommandTable {
          [](const C& c) { return !c.parts_.lvrImage.dragMode; }, &C::selectionMode},
         {"PAN", "&Pan", PageIsDisplayed, [](const C& c) { return c.parts_.lvrImage.dragMode; }, &C::panMode},
         {"ZOOM", "Zoom In", PageIsDisplayed, nullptr, &C::zoomAndPan},
-        {"CANCEL", "&Cancel Transfer", [](const Facts& f) { return f.transferPending; }, nullptr, &C::cancel},
+        {"CANCEL", "&Cancel Transfer", [](const Facts& f) { return f.transferPending || f.printing; },
+         nullptr, &C::cancel},
         {"THUMBS", "&Thumbnails", [](const Facts& f) { return f.pageCount >= 1 && f.canShowThumbs; }, nullptr,
          &C::ShowThumbNails},
         {"STAR", "Book&mark Page", PageIsDisplayed, nullptr, &C::requestBookmark},
@@ -127,6 +130,7 @@ CommandFacts Commands::facts() const {
     CommandFacts facts;
     facts.pageDisplayed = parts_.isPageDisplayed();
     facts.transferPending = parts_.session.pending.Count() > 0;
+    facts.printing = parts_.printing.running;
     facts.canPrint = canPrint;
     facts.canShowThumbs = canShowThumbs;
     facts.page = parts_.session.currentPage;
@@ -175,6 +179,11 @@ void Commands::imgPageGoto() {
         return;
     auto page = std::clamp<int16_t>(answer, 1, parts_.session.pageCount);
     session_.LoadPage(page, false, false);
+}
+
+void Commands::cancel() {
+    PrintCancelled.raise();
+    transfers_.CancelDownloads();
 }
 
 void Commands::panMode() {

@@ -28,6 +28,7 @@ struct MenuChecks {
 struct CommandFacts {
     bool pageDisplayed = false;
     bool transferPending = false;
+    bool printing = false;
     bool canPrint = false;
     bool canShowThumbs = false;
     int16_t page = 0;
@@ -79,6 +80,7 @@ public:
     Event<> ToolbarStyleChanged;
     Event<> ThumbnailsRequested;
     Event<bool> PrintRequested; ///< whether the print dialog is to be shown
+    Event<> PrintCancelled;     ///< the job that runs is to end
 
 private:
     friend struct CommandTable;
@@ -100,7 +102,7 @@ private:
     void zoomOut() { parts_.leadImageHelp.imgZoomOut(); }
     void zoomAndPan();
     void selectionMode();
-    void cancel() { transfers_.CancelDownloads(); }
+    void cancel();
     void ShowThumbNails() { ThumbnailsRequested.raise(); }
     void requestBookmark() { session_.requestBookmark(); }
     void grayScale() { letGrayScale(!checks.mnuPopupGrayscale); }

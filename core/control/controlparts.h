@@ -34,6 +34,7 @@ struct ControlParts {
     PropertyValues properties;
     SessionState session;
     TransferProgress progress;
+    PrintingState printing;
     ControlEvents events;
     ThumbnailWindow* fThumbNails = nullptr;
     Pointer mousePointer = Pointer::Default;

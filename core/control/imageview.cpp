@@ -2,6 +2,7 @@
 
 #include "core/base/text.h"
 #include "core/diag/settings.h"
+#include "core/printing/dlgprint.h"
 
 #include <algorithm>
 #include <utility>
@@ -40,13 +41,31 @@ ImageView::ImageView(ControlPorts ports)
                  [this](const std::string& name, const std::string& value) { setProperty(name, value); }),
       commandBar_(parts_.utilities), commands_(parts_, session_, transfers_, commandBar_, debug_),
       mouse_(parts_),
-      thumbnails_(parts_, session_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); }) {
+      thumbnails_(parts_, session_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); }),
+      printJob_(parts_, session_, commands_) {
     session_.setTransfers(transfers_);
     parts_.updateUI = [this] { UpdateUI(); };
     parts_.leadImageHelp.DebugPrint.connect([this](const std::string& line) { trace(line); });
     commands_.ToolbarStyleChanged.connect([this] { UpdateUI(); });
     commands_.canShowThumbs = parts_.ports.thumbnailHost != nullptr;
     commands_.ThumbnailsRequested.connect([this] { thumbnails_.ShowThumbNails(); });
+    connectPrinting();
+}
+
+/// Each keeps the control while its job runs.
+void ImageView::connectPrinting() {
+    commands_.PrintRequested.connect([this](bool withDialog) {
+        const auto self = shared_from_this();
+        if (withDialog)
+            printJob_.imgPrintPages();
+        else
+            printJob_.imgPrintCurrentOnly();
+    });
+    commands_.PrintCancelled.connect([this] { printJob_.cancel(); });
+    thumbnails_.PrintSelection.connect([this](const std::vector<int16_t>& pages) {
+        const auto self = shared_from_this();
+        printJob_.print({pages, FitToPage, 1});
+    });
 }
 
 ImageView::~ImageView() {

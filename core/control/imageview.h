@@ -7,6 +7,7 @@
 #include "core/control/debugtrace.h"
 #include "core/control/layout.h"
 #include "core/control/menus.h"
+#include "core/control/printjob.h"
 #include "core/control/propertytable.h"
 #include "core/control/responses.h"
 #include "core/control/session.h"
@@ -79,6 +80,7 @@ public:
     const Commands& commands() const { return commands_; }
     ViewMouse& mouse() { return mouse_; }
     Thumbnails& thumbnails() { return thumbnails_; }
+    PrintJob& printJob() { return printJob_; }
 
     ControlEvents& events() { return parts_.events; }
     /// Something that a face draws beside the page has changed: toolbar, read-out, status, pointer.
@@ -98,7 +100,8 @@ public:
     /// What to show instead of the picture while the picture of the current page is not there; "" when it is.
     std::string viewNotice() const;
     bool isPageDisplayed() const { return parts_.isPageDisplayed(); }
-    /// The picture of the current page is on its way; if not, and it is not displayed, it could not be loaded.
+    /// The picture of the current page is on its way; if not, and it is not displayed, it could not be
+    /// loaded.
     bool isPageAwaited() const;
     /// "85 %"; "" while no page is displayed.
     std::string zoomText() const;
@@ -118,6 +121,7 @@ private:
     explicit ImageView(ControlPorts ports);
 
     void UserControl_Initialize();
+    void connectPrinting();
     std::unique_ptr<Timer> timer(void (ImageView::*fired)());
     void trace(const std::string& line);
     void readIdentity();
@@ -143,6 +147,7 @@ private:
     Commands commands_;
     ViewMouse mouse_;
     Thumbnails thumbnails_;
+    PrintJob printJob_;
     std::unique_ptr<Timer> tmrResizeDelay_;
     std::unique_ptr<Timer> tmrRunResize_;
     int32_t savedGrayScale_ = NoGrayScaleSaved;

@@ -82,8 +82,8 @@ std::string ImageView::txtPage() const {
 }
 
 bool ImageView::isIdle() const {
-    return parts_.session.pending.Count() == 0 && !session_.tmrDelay().isRunning() &&
-           !tmrResizeDelay_->isRunning();
+    return !parts_.printing.running && parts_.session.pending.Count() == 0 &&
+           !session_.tmrDelay().isRunning() && !tmrResizeDelay_->isRunning();
 }
 
 bool ImageView::isContacting() const {
@@ -113,9 +113,11 @@ std::string ImageView::viewNotice() const {
 std::string ImageView::statusText() const {
     if (isContacting())
         return "Contacting the server\u2026";
+    if (parts_.printing.running && !parts_.printing.text.empty())
+        return parts_.printing.text;
     const TransferProgress& progress = parts_.progress;
     if (parts_.session.pending.Count() == 0)
-        return parts_.session.transferProblem.empty() ? std::string()
+        return parts_.session.transferProblem.empty() ? parts_.printing.text
                                                       : "Transfer failed: " + parts_.session.transferProblem;
     std::string text = "Loading\u2026";
     if (!progress.tag.empty() && progress.bytesRead > 0) {
@@ -127,6 +129,8 @@ std::string ImageView::statusText() const {
 }
 
 int32_t ImageView::progressPercent() const {
+    if (parts_.printing.running && parts_.printing.percent >= 0)
+        return parts_.printing.percent;
     const TransferProgress& progress = parts_.progress;
     if (progress.tag.empty() || progress.bytesMax <= 0)
         return -1;

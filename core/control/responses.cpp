@@ -212,7 +212,7 @@ void Responses::keepPage(const Tag& tag, const AsyncProperty& record) {
         throw subscriptError();
     const int16_t page = toInteger(tag[2]);
     session_.keepPageFile(page, record.File);
-    if (parts_.session.pages.isForThumbnail(page) || page == parts_.session.currentPage)
+    if (session_.isPageWanted(page))
         session_.DisplayPage(page);
 }
 

@@ -164,6 +164,7 @@ void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
             if (forThumbnail)
                 return;
             tmrDelay_->stop();
+            state().printPages.erase(page);
             state().currentPage = page;
             parts_.updateUI();
         })
@@ -216,6 +217,20 @@ void Session::requestPage(int32_t docID, int16_t page) {
     parts_.logLine(Indent + "Reqeust: " + address.readable);
     if (!transfers_->isPending(tag))
         transfers_->start(address.target, tag, AsyncType::File, Transfers::TagIsAdded::AfterStart);
+}
+
+void Session::FetchPageForPrinting(int16_t page) {
+    if (transfers_->isPending(pageTag(page)))
+        return;
+    state().printPages.insert(page);
+    FetchPageFromServer(state().currentDocument, page);
+}
+
+bool Session::isPageWanted(int16_t page) const {
+    if (state().pages.isForThumbnail(page))
+        return true;
+    const bool alreadyShown = state().shownPage == page && state().printPages.contains(page);
+    return page == state().currentPage && !alreadyShown;
 }
 
 std::string Session::pageTag(int16_t page) const {
@@ -304,6 +319,9 @@ void Session::emptySession() {
     state().currentPage = 0;
     state().shownPage = 0;
     state().places.clear();
+    state().printPages.clear();
+    if (!parts_.printing.running)
+        parts_.printing = {};
     state().transferProblem.clear();
     parts_.progress = {};
 }

@@ -32,6 +32,11 @@ public:
     /// Corrects the page in place.
     void LoadPage(int16_t& page, bool delayed, bool forThumbnail);
     void FetchPageFromServer(int32_t docID, int16_t page);
+    /// Into the cache only: neither the view nor the thumbnails hear of it unless they await the page.
+    void FetchPageForPrinting(int16_t page);
+    void forgetPrintPages() { parts_.session.printPages.clear(); }
+    /// A page file has come: whether view or thumbnails wait for it.
+    bool isPageWanted(int16_t page) const;
     void DisplayPage(int16_t page);
     void Clear();
     void clearCache();

@@ -124,7 +124,7 @@ std::string dlgThumbs::notice() const {
 }
 
 std::string dlgThumbs::tip(int16_t page) const {
-    const std::string name = "Page " + std::to_string(page);
+    std::string name = "Page " + std::to_string(page);
     if (state(page) != ThumbState::Failed)
         return name;
     return name + ": " + reason(page) + std::string(LineBreak) + "Click to try again.";

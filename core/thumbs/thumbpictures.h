@@ -23,7 +23,7 @@ struct ThumbPicture {
 /// looked at for longest goes first and is Empty again. What is in the window now always stays.
 class ThumbPictures {
 public:
-    static constexpr size_t PixelBudget = 16 * 1024 * 1024;
+    static constexpr size_t PixelBudget = size_t{16} * 1024 * 1024;
 
     ThumbState state(int32_t item) const;
     /// Why the item failed.

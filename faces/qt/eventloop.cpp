@@ -1,6 +1,7 @@
 #include "faces/qt/eventloop.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QEventLoop>
 
 namespace pixmo::qt {
@@ -19,6 +20,10 @@ void EventLoop::pumpUntil(const std::function<bool()>& done) {
     QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, &loop, look);
     QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &loop, look);
     loop.exec();
+}
+
+void EventLoop::handlePending() {
+    QCoreApplication::processEvents();
 }
 
 } // namespace pixmo::qt

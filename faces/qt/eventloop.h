@@ -8,6 +8,7 @@ namespace pixmo::qt {
 class EventLoop : public pixmo::EventLoop {
 public:
     void pumpUntil(const std::function<bool()>& done) override;
+    void handlePending() override;
 };
 
 } // namespace pixmo::qt

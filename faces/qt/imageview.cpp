@@ -37,6 +37,10 @@ QAction* ImageView::action(const QString& key) const {
     return d_->action(key);
 }
 
+void ImageView::setCommandForbidden(const QString& key, bool forbidden) {
+    d_->setForbidden(key.toStdString(), forbidden);
+}
+
 QString ImageView::readOut() const {
     return toQt(d_->control()->txtPage());
 }
@@ -72,6 +76,10 @@ void ImageView::clearCache() {
 
 void ImageView::Clear() {
     d_->control()->Clear();
+}
+
+int ImageView::PrintToFile(const QString& FileName, const QList<short>& Pages, bool FullSize) {
+    return d_->printToFile(FileName, Pages, FullSize);
 }
 
 void ImageView::LoadDocumentByDocID(int DocID, int PageNum) {

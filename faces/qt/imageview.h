@@ -3,6 +3,7 @@
 #include "core/control/enumerations.h"
 
 #include <QFont>
+#include <QList>
 #include <QString>
 #include <QWidget>
 #include <memory>
@@ -170,9 +171,11 @@ public:
     /// Nobody is there: message boxes write their text to standard error and answer with the safest button.
     void setUnattended(bool unattended);
 
-    /// The command of that toolbar key ("PAGENEXT"), kept enabled and disabled as the toolbar's button is;
-    /// nullptr for an unknown key.
+    /// The command of that key ("PAGENEXT", see docs/hosting-qt.md) for the host's menus, its state kept
+    /// right; nullptr for an unknown key.
     QAction* action(const QString& key) const;
+    /// A forbidden command vanishes from toolbar, menus and keys.
+    void setCommandForbidden(const QString& key, bool forbidden);
     /// "Page 3 of 12"
     QString readOut() const;
     /// What the view shows in place of the page while the page is not there; "" when it is.
@@ -225,6 +228,10 @@ public Q_SLOTS:
     /// Loads a document and shows that page of it: 0 means the first, a negative number its absolute value.
     /// Returns when the server has been contacted, and handles events meanwhile.
     void LoadDocumentByDocID(int DocID, int PageNum);
+    /// Prints those pages of the document to a PDF file, fitted to the page or in full size, and asks nobody.
+    /// Returns when it is done, and handles events meanwhile. How many pages are in the file; 0 when there
+    /// is none.
+    int PrintToFile(const QString& FileName, const QList<short>& Pages, bool FullSize);
     /// What went wrong last.
     void GetLastError(int& Number, QString& Source, QString& Description, QString& HelpFile,
                       int& HelpContext) const;

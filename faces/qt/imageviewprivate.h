@@ -2,10 +2,13 @@
 
 #include "core/control/imageview.h"
 #include "faces/qt/asyncreader.h"
+#include "faces/qt/commandactions.h"
 #include "faces/qt/commandtoolbar.h"
+#include "faces/qt/debugpane.h"
 #include "faces/qt/imageview.h"
 #include "faces/qt/messagebox.h"
 #include "faces/qt/pageview.h"
+#include "faces/qt/printers.h"
 #include "faces/qt/statusrow.h"
 #include "faces/qt/texts.h"
 #include "faces/qt/widgetlink.h"
@@ -32,7 +35,9 @@ public:
     std::shared_ptr<pixmo::ImageView> control() const { return control_; }
     AsyncReader& reader() const { return *reader_; }
     MessageBox& messageBox() const { return *messageBox_; }
-    QAction* action(const QString& key) const { return toolbar_->commandAction(key); }
+    Printers& printers() const { return *printers_; }
+    QAction* action(const QString& key) const { return actions_.find(key); }
+    void setForbidden(std::string_view key, bool forbidden);
 
     template <typename Type>
     Type get(std::string_view name) const {
@@ -54,6 +59,7 @@ public:
     /// Of toolbar and status line together.
     int barsHeight() const;
     void load(int32_t docID, int32_t page);
+    int printToFile(const QString& file, const QList<short>& pages, bool fullSize);
 
 private:
     ControlPorts ports();
@@ -61,6 +67,8 @@ private:
     void connectPrintEvents();
     void watchProperties();
     void showInterface();
+    /// Hands a command on; a click turns a checkable action by itself, so that all is shown anew.
+    void give(const std::function<void(pixmo::ImageView&)>& command);
     void applyAppearance(std::string_view name);
     void applyFont();
     int borderWidth() const { return get<int16_t>("BorderStyle") == 0 ? 0 : 1; }
@@ -69,9 +77,12 @@ private:
     SharedWidgetLink link_;
     CommandToolBar* toolbar_;
     PageView* page_;
+    DebugPane* debug_;
     StatusRow status_;
+    CommandActions actions_;
     std::shared_ptr<MessageBox> messageBox_;
     std::shared_ptr<AsyncReader> reader_;
+    std::shared_ptr<Printers> printers_;
     std::shared_ptr<pixmo::ImageView> control_;
     std::vector<PropertyValue> announced_; ///< by row of the table of properties
     std::vector<QMetaMethod> notifySignals_;

@@ -22,8 +22,9 @@ void ScriptedControl::destroy() {
 }
 
 ControlPorts ScriptedControl::ports() const {
-    return {messageBox, eventLoop,   timers,  reader,  settings,  identity,   clock,        scratch,
-            container,  viewSurface, decoder, dialogs, clipboard, pageWriter, thumbnailHost};
+    return {messageBox, eventLoop,  timers,        reader,      settings,    identity,
+            clock,      scratch,    container,     viewSurface, decoder,     dialogs,
+            clipboard,  pageWriter, thumbnailHost, printers,    printWindows};
 }
 
 std::string ScriptedControl::encipher(const std::string& plain) const {

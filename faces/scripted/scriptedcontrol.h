@@ -2,6 +2,7 @@
 
 #include "core/control/imageview.h"
 #include "faces/scripted/scriptedports.h"
+#include "faces/scripted/scriptedprinters.h"
 
 #include <memory>
 #include <string>
@@ -43,6 +44,8 @@ public:
     std::shared_ptr<Clipboard> clipboard = std::make_shared<Clipboard>();
     std::shared_ptr<PageWriter> pageWriter = std::make_shared<PageWriter>();
     std::shared_ptr<ThumbnailHost> thumbnailHost = std::make_shared<ThumbnailHost>();
+    std::shared_ptr<Printers> printers = std::make_shared<Printers>();
+    std::shared_ptr<PrintWindows> printWindows = std::make_shared<PrintWindows>();
     std::shared_ptr<ImageView> view;
 
     ControlPorts ports() const;

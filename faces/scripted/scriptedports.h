@@ -40,6 +40,13 @@ class EventLoop : public pixmo::EventLoop {
 public:
     void pumpUntil(const std::function<bool()>& done) override;
 
+    /// Runs what was posted to happen while the control works.
+    void handlePending() override {
+        if (onPending)
+            onPending();
+    }
+
+    std::function<void()> onPending;
     void post(std::function<void()> event) { events_.push_back(std::move(event)); }
     bool ranDry = false;
 

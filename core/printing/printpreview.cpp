@@ -1,0 +1,40 @@
+#include "core/printing/printpreview.h"
+
+#include <utility>
+
+namespace pixmo {
+
+PrintPreview::PrintPreview(cErrObject& errors, MessageBox& messageBox, Printers& printers,
+                           PrintClient& client, PrintRequest request)
+    : errors_(errors), client_(client), request_(std::move(request)), metrics_(printers), canvas_(printers),
+      pages_(errors, messageBox, canvas_) {
+    errors_.attempt("cLeadImageFunctions.imgPrintDoc",
+                    [&] { PagePrinter(errors, messageBox, metrics_).open(request_, client_); });
+}
+
+int32_t PrintPreview::sheetCount() const {
+    return static_cast<int32_t>(request_.pages.size()) + (request_.hasCoverSheet ? 1 : 0);
+}
+
+std::string PrintPreview::sheetText(int32_t sheet) const {
+    return "Sheet " + std::to_string(sheet + 1) + " of " + std::to_string(sheetCount());
+}
+
+int32_t PrintPreview::draw(int32_t sheet, std::unique_ptr<PrinterDevice> device) {
+    canvas_.openOn(std::move(device));
+    const int32_t status = errors_.attempt("cLeadImageFunctions.imgQueuePage", [&] { drawSheet(sheet); });
+    canvas_.Delete_DC();
+    return status;
+}
+
+void PrintPreview::drawSheet(int32_t sheet) {
+    const int32_t index = request_.hasCoverSheet ? sheet - 1 : sheet;
+    if (index < 0) {
+        pages_.QueueCoverSheet(request_);
+        return;
+    }
+    const auto at = static_cast<size_t>(index);
+    pages_.imgQueuePage(request_, at, client_.printedPage(request_.pages.at(at)));
+}
+
+} // namespace pixmo

@@ -1,0 +1,115 @@
+#include "faces/qt/previewdialog.h"
+
+#include "faces/qt/previewdevice.h"
+#include "faces/qt/texts.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace pixmo::qt {
+
+namespace {
+
+constexpr QSize FirstSize(640, 820);
+constexpr QSize SmallestPicture(120, 160);
+
+QString translated(const char* text) {
+    return QCoreApplication::translate("PreviewDialog", text);
+}
+
+} // namespace
+
+PreviewDialog::PreviewDialog(PrintPreview& preview, QWidget* parent)
+    : QDialog(parent), preview_(preview), picture_(new QLabel(this)), text_(new QLabel(this)),
+      previous_(new QPushButton(translated("&Previous"), this)),
+      next_(new QPushButton(translated("&Next"), this)) {
+    setObjectName(QStringLiteral("PrintPreview"));
+    setWindowTitle(translated(PrintPreview::Caption()));
+    setWindowModality(Qt::WindowModal);
+    picture_->setAlignment(Qt::AlignCenter);
+    picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    picture_->setMinimumSize(SmallestPicture);
+    picture_->setBackgroundRole(QPalette::Mid);
+    picture_->setAutoFillBackground(true);
+    auto* const close = new QPushButton(translated("&Close"), this);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(previous_);
+    row->addWidget(next_);
+    row->addWidget(text_, 1, Qt::AlignCenter);
+    row->addWidget(close);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(picture_, 1);
+    layout->addLayout(row);
+    connect(previous_, &QPushButton::clicked, this, [this] { turnTo(sheet_ - 1); });
+    connect(next_, &QPushButton::clicked, this, [this] { turnTo(sheet_ + 1); });
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    resize(FirstSize);
+    turnTo(0);
+}
+
+QImage PreviewDialog::sheet(PrintPreview& preview, int32_t number, int height) {
+    if (!preview.printer())
+        return {};
+    QImage image = PreviewDevice::makeSheet(*preview.printer(), height);
+    auto device = std::make_unique<PreviewDevice>(*preview.printer(), image);
+    return preview.draw(number, std::move(device)) == 0 ? image : QImage();
+}
+
+void PreviewDialog::turnTo(int32_t sheet) {
+    sheet_ = std::clamp(sheet, 0, std::max(0, preview_.sheetCount() - 1));
+    previous_->setEnabled(sheet_ > 0);
+    next_->setEnabled(sheet_ + 1 < preview_.sheetCount());
+    text_->setText(toQt(preview_.sheetText(sheet_)));
+    showSheet();
+}
+
+// The page may have to be fetched first, while the window goes on living.
+void PreviewDialog::showSheet() {
+    const QPointer<PreviewDialog> alive(this);
+    const int32_t asked = sheet_;
+    const double ratio = devicePixelRatioF();
+    const QSize room = picture_->size().expandedTo(SmallestPicture) * ratio;
+    const pixmo::PrinterDevice* const printer = preview_.printer();
+    const double width = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalWidth) : 1;
+    const double height = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalHeight) : 1;
+    const int shown = qMax(1, qMin(room.height(), qRound(room.width() * height / qMax(1.0, width))));
+    QImage image = sheet(preview_, asked, shown);
+    if (!alive || asked != sheet_)
+        return;
+    if (image.isNull()) {
+        picture_->setText(translated("This sheet cannot be shown."));
+        return;
+    }
+    image.setDevicePixelRatio(ratio);
+    picture_->setPixmap(QPixmap::fromImage(std::move(image)));
+}
+
+void PreviewDialog::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_PageDown:
+        turnTo(sheet_ + 1);
+        return;
+    case Qt::Key_PageUp:
+        turnTo(sheet_ - 1);
+        return;
+    case Qt::Key_Home:
+        turnTo(0);
+        return;
+    case Qt::Key_End:
+        turnTo(preview_.sheetCount() - 1);
+        return;
+    default:
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void PreviewDialog::resizeEvent(QResizeEvent* event) {
+    QDialog::resizeEvent(event);
+    showSheet();
+}
+
+} // namespace pixmo::qt

@@ -1,0 +1,175 @@
+#include "faces/qt/printdialog.h"
+
+#include "faces/qt/texts.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace pixmo::qt {
+
+namespace {
+
+QString translated(const char* text) {
+    return QCoreApplication::translate("PrintDialog", text);
+}
+
+QRadioButton* addOption(QButtonGroup& group, QLayout& layout, const char* text, int index) {
+    auto* const option = new QRadioButton(translated(text));
+    group.addButton(option, index);
+    layout.addWidget(option);
+    return option;
+}
+
+} // namespace
+
+PrintDialog::PrintDialog(dlgPrint& state, QWidget* parent)
+    : QDialog(parent), state_(state), connection_(state.Changed.connect([this] { mirror(); })),
+      more_(new QWidget(this)) {
+    setObjectName(QStringLiteral("dlgPrint"));
+    setWindowTitle(translated(dlgPrint::Caption()));
+    setWindowModality(Qt::WindowModal);
+    auto* const printer = new QHBoxLayout;
+    lblPrinterName_ = new QLabel(this);
+    lblPrinterName_->setObjectName(QStringLiteral("lblPrinterName"));
+    lblPrinterName_->setTextFormat(Qt::PlainText);
+    printer->addWidget(new QLabel(translated("Current Printer:"), this));
+    printer->addWidget(lblPrinterName_, 1);
+    auto* const options = new QHBoxLayout(more_);
+    options->setContentsMargins({});
+    options->addWidget(makeRange());
+    auto* const right = new QVBoxLayout;
+    right->addWidget(makeSize());
+    right->addWidget(makeCopies());
+    right->addStretch();
+    options->addLayout(right);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addLayout(printer);
+    layout->addLayout(makeButtons());
+    layout->addWidget(more_);
+    mirror();
+}
+
+PrintDialog::~PrintDialog() {
+    state_.Changed.disconnect(connection_);
+}
+
+QGroupBox* PrintDialog::makeRange() {
+    auto* const frame = new QGroupBox(translated("Page Range"), more_);
+    auto* const layout = new QVBoxLayout(frame);
+    addOption(optPrintType_, *layout, "&All Pages", AllPages);
+    addOption(optPrintType_, *layout, "C&urrent Page", CurrentPage);
+    addOption(optPrintType_, *layout, "&Selected Pages", SelectedPages);
+    layout->addWidget(makePageBoxes(addOption(optPrintType_, *layout, "Page", PageRange)));
+    lblSelectedPages_ = new QLabel(translated("Pages to print"), frame);
+    lstSelectedPages_ = new QListWidget(frame);
+    lstSelectedPages_->setObjectName(QStringLiteral("lstSelectedPages"));
+    lstSelectedPages_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    lstSelectedPages_->setUniformItemSizes(true);
+    lblSelectedPages_->setBuddy(lstSelectedPages_);
+    for (const std::string& entry : state_.lstSelectedPages())
+        lstSelectedPages_->addItem(toQt(entry));
+    for (int row = 0; row < lstSelectedPages_->count(); ++row)
+        lstSelectedPages_->item(row)->setSelected(state_.isPageSelected(static_cast<int16_t>(row + 1)));
+    layout->addWidget(lblSelectedPages_);
+    layout->addWidget(lstSelectedPages_);
+    connect(&optPrintType_, &QButtonGroup::idClicked, this,
+            [this](int index) { state_.optPrintType_Click(static_cast<int16_t>(index)); });
+    connect(lstSelectedPages_, &QListWidget::itemSelectionChanged, this, [this] {
+        for (int row = 0; row < lstSelectedPages_->count(); ++row)
+            state_.lstSelectedPages_Click(static_cast<int16_t>(row + 1),
+                                          lstSelectedPages_->item(row)->isSelected());
+    });
+    return frame;
+}
+
+/// Who types a page means the range.
+QWidget* PrintDialog::makePageBoxes(QWidget* option) {
+    auto* const boxes = new QWidget(more_);
+    auto* const row = new QHBoxLayout(boxes);
+    row->setContentsMargins(option->sizeHint().height(), 0, 0, 0);
+    txtFromPage_ = new QLineEdit(toQt(state_.txtFromPage()), boxes);
+    txtFromPage_->setObjectName(QStringLiteral("txtFromPage"));
+    txtFromPage_->setAccessibleName(translated("First page"));
+    txtToPage_ = new QLineEdit(toQt(state_.txtToPage()), boxes);
+    txtToPage_->setObjectName(QStringLiteral("txtToPage"));
+    txtToPage_->setAccessibleName(translated("Last page"));
+    row->addWidget(txtFromPage_);
+    row->addWidget(new QLabel(translated("thru"), boxes));
+    row->addWidget(txtToPage_);
+    const auto chooseRange = [this] {
+        if (state_.optPrintType() != PageRange)
+            state_.optPrintType_Click(PageRange);
+    };
+    connect(txtFromPage_, &QLineEdit::textEdited, this, [this, chooseRange](const QString& text) {
+        state_.txtFromPage_Change(text.toStdString());
+        chooseRange();
+    });
+    connect(txtToPage_, &QLineEdit::textEdited, this, [this, chooseRange](const QString& text) {
+        state_.txtToPage_Change(text.toStdString());
+        chooseRange();
+    });
+    return boxes;
+}
+
+QGroupBox* PrintDialog::makeSize() {
+    auto* const frame = new QGroupBox(translated("Print Size"), more_);
+    auto* const layout = new QVBoxLayout(frame);
+    addOption(optImageScale_, *layout, "&Fit to Page", FitToPage);
+    addOption(optImageScale_, *layout, "Print Full &Size (100%)", FullSize);
+    addOption(optImageScale_, *layout, "Print &Current View Only", CurrentView);
+    connect(&optImageScale_, &QButtonGroup::idClicked, this,
+            [this](int index) { state_.optImageScale_Click(static_cast<int16_t>(index)); });
+    return frame;
+}
+
+QGroupBox* PrintDialog::makeCopies() {
+    auto* const frame = new QGroupBox(translated("Copies"), more_);
+    auto* const layout = new QVBoxLayout(frame);
+    txtPrntCopies_ = new QSpinBox(frame);
+    txtPrntCopies_->setObjectName(QStringLiteral("txtPrntCopies"));
+    txtPrntCopies_->setAccessibleName(translated("Copies"));
+    txtPrntCopies_->setRange(1, dlgPrint::MostCopies);
+    layout->addWidget(txtPrntCopies_);
+    connect(txtPrntCopies_, &QSpinBox::valueChanged, this,
+            [this](int copies) { state_.hscPrntCopies_Change(copies); });
+    return frame;
+}
+
+QPushButton* PrintDialog::addButton(QLayout& row, const QString& text, void (dlgPrint::*clicked)()) {
+    auto* const button = new QPushButton(text, this);
+    row.addWidget(button);
+    connect(button, &QPushButton::clicked, this, [this, clicked] { (state_.*clicked)(); });
+    return button;
+}
+
+QLayout* PrintDialog::makeButtons() {
+    auto* const row = new QHBoxLayout;
+    addButton(*row, translated("&Print"), &dlgPrint::cmdPrint_Click)->setDefault(true);
+    addButton(*row, translated("&Cancel"), &dlgPrint::cmdCancel_Click);
+    addButton(*row, translated("P&rinters..."), &dlgPrint::cmdSelectPrinter_Click);
+    addButton(*row, translated("Pre&view..."), &dlgPrint::cmdPreview_Click);
+    cmdOptions_ = addButton(*row, translated(state_.cmdOptionsCaption()), &dlgPrint::cmdOptions_Click);
+    return row;
+}
+
+void PrintDialog::mirror() {
+    if (!state_.isOpen()) {
+        done(state_.Cancelled() ? Rejected : Accepted);
+        return;
+    }
+    const QSignalBlocker quietCopies(txtPrntCopies_);
+    optPrintType_.button(state_.optPrintType())->setChecked(true);
+    optImageScale_.button(state_.optImageScale())->setChecked(true);
+    lblSelectedPages_->setVisible(state_.isPageListVisible());
+    lstSelectedPages_->setVisible(state_.isPageListVisible());
+    txtPrntCopies_->setValue(state_.hscPrntCopies());
+    lblPrinterName_->setText(toQt(state_.lblPrinterName()));
+    cmdOptions_->setText(translated(state_.cmdOptionsCaption()));
+    more_->setVisible(state_.isMoreShown());
+}
+
+} // namespace pixmo::qt

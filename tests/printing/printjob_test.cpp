@@ -1,0 +1,274 @@
+#include "core/printing/dlgprint.h"
+#include "tests/control/logreader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace pixmo {
+namespace {
+
+using scripted::ScriptedControl;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class PrintJobTest : public testing::Test {
+protected:
+    PrintJobTest() {
+        auto& events = view().events();
+        events.PrintJobBegin.connect([this](int16_t pages, const std::string& data, bool& cancel) {
+            happened.push_back("begin " + std::to_string(pages) + " " + data);
+            cancel = cancel || vetoes;
+        });
+        events.PrintJobBeginEX.connect(
+            [this](int16_t pages, const std::string& selected, const std::string& data, bool&) {
+                happened.push_back("beginEX " + std::to_string(pages) + " " + selected + " " + data);
+            });
+        events.PrintJobFinish.connect([this](int16_t pages, const std::string& data) {
+            happened.push_back("finish " + std::to_string(pages) + " " + data);
+        });
+        events.PageChanged.connect([this](int32_t, int32_t page) { seen.push_back(page); });
+        open();
+    }
+
+    ImageView& view() { return *control.view; }
+    std::vector<std::string>& drawn() { return control.printers->script->record; }
+    int sheets() { return static_cast<int>(std::count(drawn().begin(), drawn().end(), "page")); }
+    void finishPage(int16_t page) {
+        control.reader->finish(control.tag("GP", 5, page), ScriptedControl::pageFile());
+    }
+    void open() {
+        control.open(5, 2, 6);
+        finishPage(2);
+        seen.clear();
+        control.reader->requests.clear();
+    }
+    /// Answers each page that is asked for as soon as the control waits.
+    void servePages() {
+        control.reader->onStart = [this](const AsyncRequest& request) {
+            control.eventLoop->post([this, tag = request.PropertyName] {
+                if (control.reader->isRunning(tag))
+                    control.reader->finish(tag, ScriptedControl::pageFile());
+            });
+        };
+    }
+    void printInDialog(const std::function<void(dlgPrint&)>& act) {
+        control.printWindows->onPrint = [act](dlgPrint& dialog) {
+            act(dialog);
+            dialog.cmdPrint_Click();
+        };
+        view().runCommand("PRINT");
+    }
+    std::vector<std::string> texts() const {
+        std::vector<std::string> result;
+        for (const auto& question : control.messageBox->questions)
+            result.push_back(question.text);
+        return result;
+    }
+
+    bool vetoes = false;
+    std::vector<std::string> happened;
+    std::vector<int32_t> seen;
+    std::vector<std::string> statuses;
+    ScriptedControl control;
+};
+
+TEST_F(PrintJobTest, QuickPrintPrintsTheCurrentPage) {
+    LogReader log(control);
+    view().runCommand("QUICKPRINT");
+    EXPECT_EQ(control.printWindows->dialogsShown, 0);
+    EXPECT_THAT(happened, ElementsAre("begin 1 5", "beginEX 1 2 5", "finish 1 5"));
+    EXPECT_EQ(drawn().front(), "document Document 5");
+    EXPECT_EQ(sheets(), 1);
+    EXPECT_THAT(drawn(), Contains(HasSubstr("Page 1 of 1")));
+    EXPECT_EQ(view().statusText(), "1 pages queued successfully.");
+    EXPECT_EQ(std::get<int32_t>(view().property("PrintPageCount")), 1);
+    EXPECT_EQ(std::get<std::string>(view().property("PrintPageSelection")), "2");
+    EXPECT_THAT(log.messages(), HasSubstr("Printed page: 2"));
+    EXPECT_THAT(texts(), IsEmpty());
+    EXPECT_THAT(seen, IsEmpty());
+}
+
+TEST_F(PrintJobTest, PagesAreFetchedWithoutDisturbingTheView) {
+    servePages();
+    view().InterfaceChanged.connect([this] {
+        if (statuses.empty() || statuses.back() != view().statusText())
+            statuses.push_back(view().statusText());
+    });
+    view().setProperty("PrintPageNumStyle", int16_t{pnSourceDocPageNums});
+    view().setProperty("PrintCaption", std::string("Deed"));
+    view().setProperty("PrintImageDesc", std::string("book 7"));
+    printInDialog([](dlgPrint& dialog) {
+        EXPECT_EQ(dialog.PageCount(), 6);
+        EXPECT_EQ(dialog.CurrPage(), 2);
+        EXPECT_EQ(dialog.optPrintType(), CurrentPage);
+        EXPECT_EQ(dialog.lblPrinterName(), "Front Office");
+        dialog.optPrintType_Click(PageRange);
+        dialog.txtFromPage_Change("6");
+        dialog.txtToPage_Change("1");
+    });
+    EXPECT_THAT(happened, ElementsAre("begin 6 5", "beginEX 6 1,2,3,4,5,6 5", "finish 6 5"));
+    EXPECT_EQ(control.reader->requests.size(), 5U);
+    EXPECT_EQ(sheets(), 6);
+    EXPECT_THAT(drawn(), Contains(HasSubstr("Page 6 of 6")));
+    EXPECT_THAT(drawn(), Contains(HasSubstr("Deed - book 7")));
+    EXPECT_THAT(seen, IsEmpty());
+    EXPECT_EQ(view().txtPage(), "Page 2 of 6");
+    EXPECT_FALSE(control.eventLoop->ranDry);
+    EXPECT_THAT(statuses, testing::IsSupersetOf({" Loading pages for print job...", "Preparing to print",
+                                                 "Printing page 3 of 6", "Finished printing.",
+                                                 "6 pages queued successfully."}));
+}
+
+TEST_F(PrintJobTest, TheShownPageIsFetchedAgainWithoutBeingShownAgain) {
+    servePages();
+    view().clearCache();
+    view().runCommand("QUICKPRINT");
+    EXPECT_EQ(sheets(), 1);
+    EXPECT_EQ(control.reader->requests.size(), 1U);
+    EXPECT_THAT(seen, IsEmpty());
+    EXPECT_TRUE(view().isPageDisplayed());
+}
+
+TEST_F(PrintJobTest, AVetoPrintsNothing) {
+    struct {
+        const char* what;
+        std::function<void()> set;
+    } const cases[] = {
+        {"by the argument", [&] { vetoes = true; }},
+        {"by the property", [&] { vetoes = false, view().setProperty("PrintCancelJob", true); }},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        happened.clear();
+        each.set();
+        view().runCommand("QUICKPRINT");
+        EXPECT_THAT(happened, ElementsAre("begin 1 5", "beginEX 1 2 5"));
+        EXPECT_THAT(drawn(), IsEmpty());
+        EXPECT_THAT(control.reader->requests, IsEmpty());
+        EXPECT_EQ(view().statusText(), "");
+    }
+    EXPECT_THAT(texts(), IsEmpty());
+}
+
+TEST_F(PrintJobTest, OnePageThatFailsCancelsTheJob) {
+    control.reader->onStart = [this](const AsyncRequest& request) {
+        control.eventLoop->post([this, tag = request.PropertyName] {
+            if (tag == control.tag("GP", 5, 4))
+                control.reader->fail(tag, "The server answered 500.");
+            else if (control.reader->isRunning(tag))
+                control.reader->finish(tag, ScriptedControl::pageFile());
+        });
+    };
+    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    EXPECT_THAT(texts(), ElementsAre("Some pages for the current print job failed to load.\r\n"
+                                     "The print job will be cancelled."));
+    EXPECT_EQ(control.messageBox->questions[0].title, "Print Job Cancelled");
+    EXPECT_THAT(happened, IsEmpty());
+    EXPECT_THAT(drawn(), IsEmpty());
+    EXPECT_TRUE(view().commands().isEnabled("PRINT"));
+}
+
+TEST_F(PrintJobTest, CancelWorksWhileLoadingAndBetweenPages) {
+    control.eventLoop->post([this] {
+        EXPECT_FALSE(view().commands().isEnabled("PRINT"));
+        view().tlbImage_ButtonClick("CANCEL");
+    });
+    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    EXPECT_THAT(texts(), IsEmpty());
+    EXPECT_THAT(happened, IsEmpty());
+    EXPECT_TRUE(view().isIdle());
+
+    servePages();
+    control.eventLoop->onPending = [this] {
+        if (sheets() == 2)
+            view().tlbImage_ButtonClick("CANCEL");
+    };
+    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    EXPECT_EQ(sheets(), 2);
+    EXPECT_EQ(drawn().back(), "abort");
+    EXPECT_EQ(happened.back(), "finish 0 5");
+    EXPECT_EQ(view().statusText(), "Print job cancelled.");
+
+    control.eventLoop->onPending = [this] {
+        if (sheets() == 3)
+            view().setProperty("PrintCancelJob", true);
+    };
+    drawn().clear();
+    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    EXPECT_EQ(sheets(), 3);
+    EXPECT_EQ(happened.back(), "finish 0 5");
+}
+
+TEST_F(PrintJobTest, SeveralCopiesAreConfirmed) {
+    printInDialog([](dlgPrint& dialog) { dialog.setCopies(2); });
+    EXPECT_THAT(texts(), ElementsAre("Are you sure you want multiple copies of this document?"));
+    EXPECT_EQ(control.messageBox->questions[0].title, "Multiple Copies Specified");
+    EXPECT_THAT(happened, ElementsAre("begin 1 5", "beginEX 1 2 5", "finish 0 5"));
+    EXPECT_EQ(sheets(), 0);
+    control.messageBox->answers = {Answer::Yes};
+    printInDialog([](dlgPrint& dialog) { dialog.setCopies(2); });
+    EXPECT_EQ(sheets(), 2);
+    EXPECT_EQ(happened.back(), "finish 1 5");
+}
+
+TEST_F(PrintJobTest, ErrorsAreReportedAtTheEnd) {
+    control.printers->script->drawsPictures = false;
+    view().runCommand("QUICKPRINT");
+    EXPECT_THAT(texts(), ElementsAre("The following error(s) where reported while printing:\r\n"
+                                     "Page 2: Error rendering image."));
+    EXPECT_EQ(happened.back(), "finish 0 5");
+    control.printers->script->opens = false;
+    view().runCommand("QUICKPRINT");
+    EXPECT_EQ(texts().back(), "The following error(s) where reported while printing:\r\nPrinter error");
+    EXPECT_EQ(happened.back(), "finish 0 5");
+}
+
+TEST_F(PrintJobTest, DebugInfoIsShownWhereItIsSet) {
+    control.settings->values[{"Settings", "ShowPrintDebugInfo"}] = "TRUE";
+    view().runCommand("QUICKPRINT");
+    ASSERT_EQ(texts().size(), 1U);
+    EXPECT_THAT(texts()[0], HasSubstr("Caps for Printer-> Front Office"));
+    EXPECT_EQ(control.messageBox->questions[0].title, "Printer Debug Info");
+    EXPECT_EQ(sheets(), 1);
+}
+
+TEST_F(PrintJobTest, TheSelectionOfTheThumbnailsIsPrinted) {
+    servePages();
+    view().thumbnails().PrintSelection.raise({1, 3});
+    EXPECT_THAT(happened, ElementsAre("begin 2 5", "beginEX 2 1,3 5", "finish 2 5"));
+    EXPECT_EQ(sheets(), 2);
+}
+
+TEST_F(PrintJobTest, AnotherDocumentOrTheEndOfTheControlEndsTheJob) {
+    servePages();
+    control.printers->script->onStartPage = [this] { view().Clear(); };
+    view().runCommand("QUICKPRINT");
+    EXPECT_EQ(happened.back(), "finish 1 5") << "the page was drawn before it was cleared";
+    open();
+    control.printers->script->onStartPage = nullptr;
+    control.eventLoop->onPending = [this] {
+        if (sheets() == 2)
+            view().Clear();
+    };
+    drawn().clear();
+    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    EXPECT_EQ(sheets(), 2);
+    EXPECT_EQ(happened.back(), "finish 0 5");
+
+    open();
+    drawn().clear();
+    happened.clear();
+    control.eventLoop->onPending = [this] {
+        if (sheets() == 1)
+            control.destroy();
+    };
+    const auto held = control.printers;
+    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    EXPECT_EQ(sheets(), 1);
+    EXPECT_THAT(happened, testing::Not(Contains(HasSubstr("finish"))));
+}
+
+} // namespace
+} // namespace pixmo

@@ -1,0 +1,233 @@
+#include "core/printing/dlgprint.h"
+#include "core/printing/printpreview.h"
+#include "faces/qt/previewdialog.h"
+#include "faces/qt/printers.h"
+#include "faces/scripted/scriptedports.h"
+#include "tests/qt/pdffile.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <cmath>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace pixmo::qt {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr int Letter = 1;
+constexpr int A4 = 9;
+
+/// A 1-bit picture with a frame along its edges, three lines thick, so that its place can be seen.
+Raster framed(int32_t width, int32_t height, double xResolution, double yResolution) {
+    Raster raster = makeRaster(PixelFormat::Bilevel, width, height);
+    raster.xResolution = xResolution;
+    raster.yResolution = yResolution;
+    const auto ink = [&](int32_t x, int32_t y) {
+        raster.row(y)[static_cast<size_t>(x / 8)] |= static_cast<uint8_t>(0x80 >> (x % 8));
+    };
+    for (int32_t y = 0; y < height; ++y)
+        for (int32_t x = 0; x < width; ++x)
+            if (x < 6 || y < 6 || x >= width - 6 || y >= height - 6)
+                ink(x, y);
+    return raster;
+}
+
+class PrintedFile : public testing::Test, protected PrintClient {
+protected:
+    PrintedFile() {
+        request.pages = {1};
+        request.paperSize = A4;
+        printers.setFile(path);
+    }
+
+    PrintResult print() {
+        cPrinter printer(printers);
+        return PagePrinter(errors, box, printer).imgPrintDoc(request, *this);
+    }
+    QRectF inches(const QRect& pixels) const {
+        return {pixels.x() / 100.0, pixels.y() / 100.0, pixels.width() / 100.0, pixels.height() / 100.0};
+    }
+
+    Raster printedPage(int16_t) override { return given; }
+    void printStatus(const std::string&, int32_t) override {}
+    void printProgress(const std::string&) override {}
+    bool printGoesOn() override { return true; }
+
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("job.pdf"));
+    const PdfFile file{path};
+    Raster given = framed(1700, 2200, 200, 200);
+    PrintRequest request;
+    scripted::MessageBox box;
+    Printers printers{std::make_shared<WidgetLink>()};
+    cErrObject errors{&box};
+};
+
+// A quarter of an inch at each edge of the paper is left free.
+TEST_F(PrintedFile, PicturesLieWhereTheyShould) {
+    struct {
+        const char* what;
+        Raster given;
+        int16_t scale;
+        int paper;
+        QRectF inches;
+    } const cases[] = {
+        {"fitted to A4", framed(1700, 2200, 200, 200), FitToPage, A4, {0.25, 0.81, 7.77, 10.05}},
+        {"fitted to Letter", framed(1700, 2200, 200, 200), FitToPage, Letter, {0.25, 0.32, 8.0, 10.35}},
+        {"landscape, turned", framed(2200, 1700, 200, 200), FitToPage, Letter, {0.25, 0.32, 8.0, 10.35}},
+        {"a fax of 204 by 98, full size", framed(816, 490, 204, 98), FullSize, Letter, {2.25, 3, 4, 5}},
+        {"a fax of 204 by 98, fitted", framed(816, 490, 204, 98), FitToPage, Letter, {0.25, 0.5, 8, 10}},
+        {"small, full size", framed(600, 300, 300, 300), FullSize, A4, {3.13, 5.35, 2, 1}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        given = each.given;
+        request.scale = each.scale;
+        request.paperSize = each.paper;
+        ASSERT_EQ(print().pagesQueued, 1);
+        const QImage page = file.page(1);
+        EXPECT_EQ(page.size(), each.paper == A4 ? QSize(827, 1170) : QSize(850, 1100));
+        const QRectF ink = inches(inkBox(page));
+        EXPECT_NEAR(ink.left(), each.inches.left(), 0.015);
+        EXPECT_NEAR(ink.top(), each.inches.top(), 0.015);
+        EXPECT_NEAR(ink.width(), each.inches.width(), 0.025);
+        EXPECT_NEAR(ink.height(), each.inches.height(), 0.025);
+    }
+}
+
+TEST_F(PrintedFile, FullSizePagesAreCutTheSameOnBothSides) {
+    given = framed(2000, 2600, 200, 200);
+    request.scale = FullSize;
+    request.paperSize = Letter;
+    request.mayCrop = true;
+    ASSERT_EQ(print().pagesQueued, 1);
+    EXPECT_TRUE(inkBox(file.page(1)).isNull()) << "the frame lies beyond the paper";
+    request.scale = CurrentView;
+    request.viewPart = {0, 0, 1000, 1000};
+    ASSERT_EQ(print().pagesQueued, 1);
+    const QRectF ink = inches(inkBox(file.page(1)));
+    EXPECT_NEAR(ink.left(), 0.25, 0.015);
+    EXPECT_NEAR(ink.width(), 8, 0.02);
+}
+
+TEST_F(PrintedFile, CaptionAndNumberStandOutsideThePicture) {
+    given = framed(1700, 2200, 200, 200);
+    request.paperSize = Letter;
+    request.caption = "Deed of Marrowby";
+    request.captionFontSize = 14;
+    request.pageNumbers = {"Page 3 of 9"};
+    ASSERT_EQ(print().pagesQueued, 1);
+    EXPECT_THAT(file.text(), HasSubstr("Deed of Marrowby"));
+    EXPECT_THAT(file.text(), HasSubstr("Page 3 of 9"));
+    const QImage page = file.page(1);
+    const QRect top = inkBox(page.copy(0, 0, 850, 50));
+    const QRect bottom = inkBox(page.copy(0, 1050, 850, 50));
+    EXPECT_NEAR(top.center().x(), 425, 8);
+    EXPECT_NEAR(bottom.center().x(), 425, 8);
+    EXPECT_GE(bottom.top() + 1050, 1050);
+    EXPECT_LE(bottom.bottom() + 1050, 1076);
+    // Above and below the picture there is a band with nothing in it.
+    const QRect picture = inkBox(page.copy(0, 50, 850, 1000)).translated(0, 50);
+    EXPECT_GT(picture.top(), top.bottom() + 4);
+    EXPECT_LT(picture.bottom(), bottom.top() + 1050 - 4);
+}
+
+TEST_F(PrintedFile, LongCaptionsEndInDots) {
+    request.caption.clear();
+    for (int word = 1; word <= 60; ++word)
+        request.caption += "word" + std::to_string(word) + " ";
+    ASSERT_EQ(print().pagesQueued, 1);
+    const std::string text = file.text();
+    EXPECT_THAT(text, HasSubstr("word1 word2"));
+    EXPECT_THAT(text, HasSubstr("..."));
+    EXPECT_THAT(text, testing::Not(HasSubstr("word60")));
+    const QRect caption = inkBox(file.page(1).copy(0, 0, 827, 45));
+    EXPECT_GE(caption.left(), 24);
+    EXPECT_LE(caption.right(), 827 - 24);
+    EXPECT_GT(caption.width(), 740);
+}
+
+TEST_F(PrintedFile, TheCoverSheetHoldsItsRows) {
+    request.pages = {1, 2};
+    request.hasCoverSheet = true;
+    request.coverSheet = {"A. Clerk", "5/17/2026", "WS-7", "Deed copies", "2.50"};
+    ASSERT_EQ(print().pagesQueued, 2);
+    EXPECT_EQ(file.pageCount(), 3);
+    const std::string text = file.text();
+    size_t at = 0;
+    for (const char* expected :
+         {"Print Job Report for User: A. Clerk", "Date: 5/17/2026", "Printed from: WS-7", "PagesPrinted: 2",
+          "Deed copies", "......", "2", "Fee", "......", "2.50", "\f"}) {
+        at = text.find(expected, at);
+        ASSERT_NE(at, std::string::npos) << expected << "\n" << text;
+    }
+}
+
+TEST_F(PrintedFile, OneBitStaysOneBit) {
+    request.pages = {1, 2};
+    ASSERT_EQ(print().pagesQueued, 2);
+    ASSERT_EQ(file.pictures().size(), 2);
+    for (const QString& picture : file.pictures()) {
+        const QStringList columns = picture.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        EXPECT_EQ(columns.mid(3, 5).join(QLatin1Char(' ')), QStringLiteral("1700 2200 gray 1 1"));
+    }
+    request.copies = 3;
+    EXPECT_EQ(print().pagesQueued, 2);
+    EXPECT_EQ(file.pageCount(), 6);
+}
+
+TEST_F(PrintedFile, OtherColoursAreKept) {
+    given = makeRaster(PixelFormat::Rgb, 100, 100);
+    for (size_t at = 0; at < given.pixels.size(); at += 3)
+        given.pixels[at] = 200;
+    given.xResolution = given.yResolution = 100;
+    request.scale = FullSize;
+    ASSERT_EQ(print().pagesQueued, 1);
+    EXPECT_NEAR(qGray(file.page(1).pixel(413, 585)), qGray(200, 0, 0), 10);
+}
+
+TEST_F(PrintedFile, NothingIsLeftOfAFileThatCannotBe) {
+    printers.setFile(QStringLiteral("/nowhere/job.pdf"));
+    const PrintResult result = print();
+    EXPECT_FALSE(result.completed);
+    EXPECT_THAT(result.errors, testing::ElementsAre("Printer error"));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 0);
+}
+
+/// Shares of pixels that differ more than a little between preview and print.
+double difference(const QImage& one, const QImage& other) {
+    int differing = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            differing += std::abs(qGray(one.pixel(x, y)) - qGray(other.pixel(x, y))) > 96 ? 1 : 0;
+    return differing / static_cast<double>(one.width() * one.height());
+}
+
+TEST_F(PrintedFile, ThePreviewShowsWhatIsPrinted) {
+    given = framed(1700, 1500, 200, 200);
+    request.pages = {1, 2};
+    request.paperSize = Letter;
+    request.hasCoverSheet = true;
+    request.coverSheet = {"A. Clerk", "5/17/2026", "WS-7", "Deed copies", "2.50"};
+    request.caption = "Deed of Marrowby";
+    request.pageNumbers = {"Page 1 of 2", "Page 2 of 2"};
+    ASSERT_EQ(print().pagesQueued, 2);
+    PrintPreview preview(errors, box, printers, *this, request);
+    ASSERT_EQ(preview.sheetCount(), 3);
+    for (int sheet = 0; sheet < 3; ++sheet) {
+        SCOPED_TRACE(sheet);
+        const QImage shown = PreviewDialog::sheet(preview, sheet, 1100);
+        const QImage printed = file.pageOfHeight(sheet + 1, 1100);
+        ASSERT_EQ(shown.size(), printed.size());
+        const QRect shownInk = inkBox(shown);
+        const QRect printedInk = inkBox(printed);
+        EXPECT_LE((shownInk.topLeft() - printedInk.topLeft()).manhattanLength(), 2);
+        EXPECT_LE((shownInk.bottomRight() - printedInk.bottomRight()).manhattanLength(), 2);
+        EXPECT_LT(difference(shown, printed), 0.004);
+    }
+}
+
+} // namespace
+} // namespace pixmo::qt
