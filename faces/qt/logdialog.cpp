@@ -29,14 +29,6 @@ int keptLength(const char* key, int otherwise) {
     return qBound(200, toQt(kept).toInt(), 10'000);
 }
 
-/// Fonts have no picture of control characters.
-QString readable(QString text) {
-    for (QChar& character : text)
-        if (!character.isPrint() && character != QLatin1Char('\n') && character != QLatin1Char('\t'))
-            character = QLatin1Char(' ');
-    return text;
-}
-
 } // namespace
 
 LogDialog::LogDialog(dlgLog& dialog, QWidget* parent)
@@ -133,7 +125,7 @@ void LogDialog::done(int result) {
 
 void LogDialog::refresh() {
     dialog_.refresh();
-    text_->setPlainText(readable(linesToQt(dialog_.text())));
+    text_->setPlainText(linesToQt(dialog_.text()));
     text_->moveCursor(QTextCursor::End);
     text_->verticalScrollBar()->setValue(text_->verticalScrollBar()->maximum());
     text_->horizontalScrollBar()->setValue(0);

@@ -5,8 +5,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -20,6 +18,19 @@ constexpr double UsualProportion = 8.5 / 11;
 constexpr int SelectionAlpha = 72;
 constexpr double SelectionRadius = 4;
 constexpr double CurrentFrame = 2; ///< width of the frame around the page on screen
+
+/// How far the outline of a page stands out from what is behind it, 0 to 1.
+constexpr double PaperTone = 0.06;
+constexpr double LineTone = 0.35;
+
+/// Between the colours of background and text, on light palettes and dark ones.
+QColor towardsText(const QPalette& palette, double share) {
+    const QColor base = palette.color(QPalette::Base);
+    const QColor text = palette.color(QPalette::Text);
+    const auto mixed = [share](int from, int to) { return qRound(from + (to - from) * share); };
+    return {mixed(base.red(), text.red()), mixed(base.green(), text.green()),
+            mixed(base.blue(), text.blue())};
+}
 
 /// Slanted and round things get smooth edges; all else is quicker without.
 class Smooth {
@@ -133,11 +144,8 @@ QRectF ThumbPainter::paintOutline(const QRectF& room) {
     QRectF page(0, 0, width, width / UsualProportion);
     page.moveCenter(room.center());
     page = aligned(page);
-    QColor paper = colour(QPalette::AlternateBase);
-    if (paper == colour(QPalette::Base))
-        paper = colour(QPalette::Window);
     paintBorder(page);
-    painter_.fillRect(page, paper);
+    painter_.fillRect(page, towardsText(view_.palette(), PaperTone));
     return page;
 }
 
@@ -151,7 +159,7 @@ void ThumbPainter::paintBorder(const QRectF& page) {
         painter_.fillRect(QRectF(outside.left(), inside.top(), width, inside.height()), shade);
         painter_.fillRect(QRectF(inside.right(), inside.top(), width, inside.height()), shade);
     };
-    frame(page, line, colour(QPalette::Mid));
+    frame(page, line, towardsText(view_.palette(), LineTone));
     const QRectF lowered = page.translated(0, line);
     frame(lowered.adjusted(-line, -line, line, line), 1, QColor(0, 0, 0, 36));
     frame(lowered.adjusted(-line - 1, -line - 1, line + 1, line + 1), 1, QColor(0, 0, 0, 18));
@@ -186,7 +194,7 @@ void ThumbPainter::paintBroken(const QRectF& page) {
     lower.closeSubpath();
     painter_.fillPath(lower, colour(QPalette::Base));
     painter_.setBrush(Qt::NoBrush);
-    painter_.setPen(QPen(colour(QPalette::Mid), 1));
+    painter_.setPen(QPen(towardsText(view_.palette(), LineTone), 1));
     painter_.drawPath(torn);
     painter_.drawPath(torn.translated(0, 2 * gap));
     // A cross in the upper half, of the colour of what failed.
@@ -220,11 +228,9 @@ void ThumbPainter::paintNumber(int item, const QRect& cell) {
     painter_.setPen(colour(selected ? QPalette::HighlightedText : QPalette::Text));
     painter_.drawText(line, Qt::AlignCenter, number);
     if (view_.hasFocus() && item == thumbs_.selection().focus()) {
-        QStyleOptionFocusRect option;
-        option.initFrom(&view_);
-        option.rect = cell.adjusted(1, 1, -1, -1);
-        option.backgroundColor = colour(QPalette::Base);
-        view_.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter_, &view_);
+        painter_.setBrush(Qt::NoBrush);
+        painter_.setPen(QPen(colour(QPalette::Text), 1, Qt::DotLine));
+        painter_.drawRect(cell.adjusted(3, 3, -4, -4));
     }
 }
 

@@ -181,6 +181,9 @@ void Transfer::conclude() {
     if (!failure_.isEmpty() && request_.Type == AsyncType::File)
         file_.remove();
     QTimer::singleShot(0, this, [this] {
+        // Cancelled since.
+        if (!completed_)
+            return;
         const Report completed = std::exchange(completed_, nullptr);
         completed(record(failure_.isEmpty() ? AsyncStatus::EndDownloadData : AsyncStatus::Error));
     });

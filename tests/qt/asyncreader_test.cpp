@@ -222,6 +222,22 @@ TEST_F(AsyncReaderTest, CancelledTransfersSayNothingAndLeaveNoFile) {
     EXPECT_EQ(listener.completed.size(), 1U);
 }
 
+// Both end in the same round of the event loop; the report of the one cancels the other, whose end is not
+// reported yet.
+TEST_F(AsyncReaderTest, CancelledBetweenItsEndAndItsReport) {
+    server.answerWith("");
+    reader->limits().stallMilliseconds = 50;
+    listener.onComplete = [this] {
+        reader->CancelAsyncRead("A");
+        reader->CancelAsyncRead("B");
+    };
+    reader->AsyncRead(request(server.address(), AsyncType::ByteArray, "A"));
+    reader->AsyncRead(request(server.address(), AsyncType::ByteArray, "B"));
+    ASSERT_TRUE(waitFor([&] { return !listener.completed.empty(); }));
+    QTest::qWait(100);
+    EXPECT_EQ(listener.completed.size(), 1U);
+}
+
 TEST_F(AsyncReaderTest, ATransferReplacesTheOneOfItsName) {
     server.answerWith("");
     reader->AsyncRead(request(server.address("/old")));

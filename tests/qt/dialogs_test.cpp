@@ -141,6 +141,8 @@ TEST_F(Windows, LogWithSearch) {
         EXPECT_EQ(dialog.size(), QSize(700, 420));
         QTest::mouseClick(button(dialog, QStringLiteral("Close")), Qt::LeftButton);
     });
+    // The log belongs to the process.
+    view->setLogFileName({});
 }
 
 TEST_F(Windows, SavesThePageWhereAndAsTheUserSays) {
