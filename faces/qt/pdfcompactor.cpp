@@ -46,11 +46,7 @@ bool PdfCompactor::copy(const QString& from, const QString& to) {
     QFile target(to);
     if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
         return false;
-    const uchar* const mapped = source.map(0, source.size());
-    if (!mapped)
-        return false;
-    const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(mapped), source.size());
-    const bool done = PdfCompactor(bytes, target).run() && target.flush();
+    const bool done = PdfCompactor(source, target).run() && target.flush();
     target.close();
     if (!done)
         target.remove();
@@ -61,18 +57,26 @@ bool PdfCompactor::run() {
     return readTable() && writeObjects() && writeTable();
 }
 
+QByteArray PdfCompactor::read(qsizetype offset, qsizetype size) const {
+    return source_.seek(offset) ? source_.read(size) : QByteArray();
+}
+
+QByteArray PdfCompactor::object(qsizetype number) const {
+    return read(offsets_[number], ends_[number] - offsets_[number]);
+}
+
 bool PdfCompactor::readTable() {
-    const qsizetype start = bytes_.lastIndexOf("startxref\n");
-    table_ = start < 0 ? -1 : numberBehind(bytes_.mid(start, 40), "startxref\n");
-    if (table_ <= 0 || table_ >= start || bytes_.mid(table_, 7) != "xref\n0 ")
+    table_ = numberBehind(read(std::max<qsizetype>(0, source_.size() - 64), 64), "startxref\n");
+    const QByteArray rest = table_ > 0 ? read(table_, source_.size() - table_) : QByteArray();
+    const qsizetype count = numberBehind(rest.left(40), "xref\n0 ");
+    const qsizetype first = rest.indexOf('\n', 5) + 1;
+    const qsizetype trailer = first + count * EntrySize;
+    const qsizetype end = rest.lastIndexOf("startxref\n");
+    if (count <= 0 || trailer >= end || rest.mid(trailer, 7) != "trailer")
         return false;
-    const qsizetype count = numberBehind(bytes_.mid(table_, 40), "xref\n0 ");
-    const qsizetype first = bytes_.indexOf('\n', table_ + 5) + 1;
-    trailer_ = first + count * EntrySize;
-    if (count <= 0 || trailer_ >= start || bytes_.mid(trailer_, 7) != "trailer")
-        return false;
+    trailer_ = rest.mid(trailer, end - trailer);
     for (qsizetype number = 0; number < count; ++number) {
-        const QByteArray entry = bytes_.mid(first + number * EntrySize, EntrySize);
+        const QByteArray entry = rest.mid(first + number * EntrySize, EntrySize);
         offsets_.append(entry.mid(17, 1) == "n" ? entry.left(10).toLongLong() : 0);
     }
     QList<qsizetype> starts = offsets_;
@@ -82,11 +86,6 @@ bool PdfCompactor::readTable() {
         ends_.append(*std::upper_bound(starts.begin(), starts.end() - 1, offset));
     return std::all_of(offsets_.begin(), offsets_.end(),
                        [this](qsizetype offset) { return offset >= 0 && offset < table_; });
-}
-
-QByteArray PdfCompactor::object(qsizetype number) const {
-    const qsizetype begin = offsets_[number];
-    return QByteArray::fromRawData(bytes_.constData() + begin, ends_[number] - begin);
 }
 
 /// The object with its picture encoded anew; empty where that makes nothing smaller.
@@ -137,7 +136,7 @@ bool PdfCompactor::writeObjects() {
               [this](qsizetype one, qsizetype other) { return offsets_[one] < offsets_[other]; });
     newOffsets_.fill(0, offsets_.size());
     const qsizetype first = offsets_[order.first()];
-    bool written = target_.write(bytes_.constData(), first) == first;
+    bool written = target_.write(read(0, first)) == first;
     for (const qsizetype number : order) {
         newOffsets_[number] = target_.pos();
         const QByteArray original = object(number);
@@ -157,8 +156,7 @@ bool PdfCompactor::writeTable() {
     for (const qsizetype offset : newOffsets_)
         table +=
             QByteArray::number(offset).rightJustified(10, '0') + (offset > 0 ? " 00000 n \n" : " 65535 f \n");
-    const qsizetype end = bytes_.lastIndexOf("startxref\n");
-    table += bytes_.mid(trailer_, end - trailer_) + "startxref\n" + QByteArray::number(begin) + "\n%%EOF\n";
+    table += trailer_ + "startxref\n" + QByteArray::number(begin) + "\n%%EOF\n";
     return target_.write(table) == table.size();
 }
 

@@ -15,22 +15,23 @@ public:
     static bool copy(const QString& from, const QString& to);
 
 private:
-    PdfCompactor(QByteArray bytes, QFile& target) : bytes_(std::move(bytes)), target_(target) {}
+    PdfCompactor(QFile& source, QFile& target) : source_(source), target_(target) {}
 
     bool run();
     bool readTable();
+    QByteArray read(qsizetype offset, qsizetype size) const;
     QByteArray object(qsizetype number) const;
     QByteArray compacted(const QByteArray& object) const;
     bool writeObjects();
     bool writeTable();
 
-    QByteArray bytes_; ///< of the file, mapped
+    QFile& source_;
     QFile& target_;
     QList<qsizetype> offsets_; ///< by object number, 0 for none
     QList<qsizetype> ends_;
     QList<qsizetype> newOffsets_;
-    qsizetype table_ = 0;   ///< where the table of offsets begins
-    qsizetype trailer_ = 0; ///< and what follows it
+    qsizetype table_ = 0; ///< where the table of offsets begins
+    QByteArray trailer_;  ///< what stands behind it, without its own offset
 };
 
 } // namespace pixmo::qt
