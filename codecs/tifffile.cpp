@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
+#include <string>
 
 namespace pixmo {
 
@@ -78,7 +79,8 @@ TiffFile::TiffFile(std::span<const uint8_t> bytes, const DecodeLimits& limits) :
 }
 
 void TiffFile::fail(const std::string& what) const {
-    throw pictureError(messages_.text().empty() ? what + "." : what + ": " + messages_.text());
+    const std::string reason = messages_.text();
+    throw pictureError(reason.empty() ? what + "." : what + ": " + reason);
 }
 
 uint16_t TiffFile::word(uint32_t tag, uint16_t otherwise) const {

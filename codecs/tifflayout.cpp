@@ -13,6 +13,10 @@ namespace {
 /// No page needs a block that outgrows it by more than the rounding of its sides.
 constexpr uint64_t LargestUselessBlock = 16'000'000;
 
+/// Four inks and what a page may carry beside them. A header of a few bytes can name 65,535 samples, each of
+/// which costs time.
+constexpr uint16_t MostSamples = 16;
+
 void requireKnownCompression(uint16_t compression) {
     if (TIFFIsCODECConfigured(compression) == 0)
         throw pictureError("The TIFF page has an unknown compression: " + std::to_string(compression) + ".");
@@ -100,9 +104,12 @@ TiffLayout readTiffLayout(TiffFile& file, const DecodeLimits& limits) {
     checkSize(layout.width, layout.height, PixelFormat::Bilevel, limits);
     layout.bits = file.word(TIFFTAG_BITSPERSAMPLE, 1);
     layout.samples = std::max<uint16_t>(1, file.word(TIFFTAG_SAMPLESPERPIXEL, 1));
+    if (layout.samples > MostSamples)
+        throw pictureError("The TIFF page has " + std::to_string(layout.samples) + " samples a pixel.");
     layout.compression = file.word(TIFFTAG_COMPRESSION, COMPRESSION_NONE);
     requireKnownCompression(layout.compression);
-    layout.photometric = file.word(TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
+    layout.photometric =
+        file.word(TIFFTAG_PHOTOMETRIC, layout.samples >= 3 ? PHOTOMETRIC_RGB : PHOTOMETRIC_MINISWHITE);
     layout.orientation = file.word(TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     layout.separate =
         file.word(TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG) == PLANARCONFIG_SEPARATE && layout.samples > 1;

@@ -1,7 +1,6 @@
 #include "codecs/tiffmessages.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstdio>
 #include <string_view>
@@ -56,15 +55,15 @@ bool TiffMessages::areRowsWhole(uint32_t rows) const {
     return !failed_ && (!firstDamagedRow_ || lastDamagedRow_ + 1 < rows);
 }
 
-void TiffMessages::note(const char* module, const char* format, va_list arguments, bool isError) {
+void TiffMessages::note(const char* module, const char* format, va_list arguments, bool isError) noexcept {
     const std::string_view decoder = module == nullptr ? "" : module;
     const bool resuming = contains(ResumingDecoders, decoder);
     if (!isError && !resuming && !contains(StrictDecoders, decoder))
         return;
-    std::array<char, 300> text{};
+    decltype(text_) text{};
     std::vsnprintf(text.data(), text.size(), format, arguments);
-    if (text_.empty())
-        text_ = text.data();
+    if (text_[0] == '\0')
+        text_ = text;
     const std::optional<uint32_t> row = rowIn(text.data());
     if (row) {
         firstDamagedRow_ = std::min(*row, firstDamagedRow_.value_or(*row));

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstdarg>
 #include <cstdint>
 #include <optional>
-#include <string>
 
 #include <tiffio.h>
 
@@ -23,7 +23,7 @@ public:
     void clear();
 
     /// The first complaint, as the end of a sentence; empty when there was none.
-    const std::string& text() const { return text_; }
+    const char* text() const { return text_.data(); }
 
     /// The first row of the block that a fax decoder complained about, or none.
     std::optional<uint32_t> damagedRow() const { return firstDamagedRow_; }
@@ -35,9 +35,9 @@ public:
 
 private:
     [[gnu::format(printf, 3, 0)]] void note(const char* module, const char* format, va_list arguments,
-                                            bool isError);
+                                            bool isError) noexcept;
 
-    std::string text_;
+    std::array<char, 300> text_{}; ///< not a string: nothing may be thrown through the library
     bool failed_ = false;
     std::optional<uint32_t> firstDamagedRow_;
     uint32_t lastDamagedRow_ = 0;

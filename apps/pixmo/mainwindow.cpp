@@ -7,9 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QInputDialog>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QUrl>
 
 namespace pixmo::viewer {
@@ -66,17 +64,25 @@ void MainWindow::makeFileMenu() {
     recentMenu_ = menu->addMenu(tr("&Recent Documents"));
     connect(recentMenu_, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
     menu->addSeparator();
+    addCommand(*menu, "SAVEPAGE", QKeySequence::Save);
+    addCommand(*menu, "COPY", QKeySequence::Copy);
+    addCommand(*menu, "CANCEL");
+    menu->addSeparator();
     QAction* const quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
 }
 
 void MainWindow::makeViewMenu() {
     QMenu* const menu = menuBar()->addMenu(tr("&View"));
-    QAction* const refresh = menu->addAction(tr("&Refresh"), this, [this] { view_->Refresh(); });
-    refresh->setShortcut(QKeySequence::Refresh);
-    addCommand(*menu, tr("&Cancel Transfer"), QStringLiteral("CANCEL"));
+    for (const char* key : {"ZOOMIN", "ZOOMOUT", "FITWIDTH", "FITHEIGHT", "FITBEST"})
+        addCommand(*menu, key);
     menu->addSeparator();
-    QAction* const fullScreen = menu->addAction(tr("&Full Screen"), this, [this](bool on) {
+    for (const char* key : {"ROTL", "ROTR", "GRAYSCALE", "IMAGEINFO"})
+        addCommand(*menu, key);
+    menu->addSeparator();
+    QAction* const refresh = menu->addAction(tr("Re&fresh"), this, [this] { view_->Refresh(); });
+    refresh->setShortcut(QKeySequence::Refresh);
+    QAction* const fullScreen = menu->addAction(tr("F&ull Screen"), this, [this](bool on) {
         setWindowState(windowState().setFlag(Qt::WindowFullScreen, on));
     });
     fullScreen->setCheckable(true);
@@ -85,28 +91,25 @@ void MainWindow::makeViewMenu() {
 
 void MainWindow::makeGoMenu() {
     QMenu* const menu = menuBar()->addMenu(tr("&Go"));
-    addCommand(*menu, tr("&Previous Page"), QStringLiteral("PAGEPREV"));
-    addCommand(*menu, tr("&Next Page"), QStringLiteral("PAGENEXT"));
+    for (const char* key : {"PAGEFIRST", "PAGEPREV", "PAGENEXT", "PAGELAST"})
+        addCommand(*menu, key);
     menu->addSeparator();
-    pageActions_ = {
-        menu->addAction(tr("&First Page"), this, [this] { view_->setPage(1); }),
-        menu->addAction(tr("&Last Page"), this, [this] { view_->setPage(view_->pageCount()); }),
-        menu->addAction(tr("&Go to Page\u2026"), this, &MainWindow::askForPage),
-    };
-    pageActions_.last()->setShortcut(Qt::CTRL | Qt::Key_G);
+    addCommand(*menu, "PAGEGOTO", Qt::CTRL | Qt::Key_G);
 }
 
 void MainWindow::makeHelpMenu() {
-    menuBar()->addMenu(tr("&Help"))->addAction(tr("&About Pixmo"), this, &MainWindow::showAbout);
+    QMenu* const menu = menuBar()->addMenu(tr("&Help"));
+    addCommand(*menu, "SHOWLOG");
+    menu->addSeparator();
+    addCommand(*menu, "ABOUT");
 }
 
-QAction* MainWindow::addCommand(QMenu& menu, const QString& text, const QString& key) {
-    QAction* const action = menu.addAction(text, this, [this, key] {
-        if (QAction* const command = view_->action(key))
-            command->trigger();
-    });
-    commands_.append({action, key});
-    return action;
+/// The view may be replaced by another one: what the menus hold outlives it.
+void MainWindow::addCommand(QMenu& menu, const char* key, const QKeySequence& shortcut) {
+    QAction* const action =
+        menu.addAction(QString(), this, [this, key] { view_->action(QLatin1String(key))->trigger(); });
+    action->setShortcut(shortcut);
+    commands_.append({action, QLatin1String(key)});
 }
 
 void MainWindow::fillRecentMenu() {
@@ -161,31 +164,19 @@ void MainWindow::askForDocument() {
     open(document);
 }
 
-void MainWindow::askForPage() {
-    bool chosen = false;
-    const int page = QInputDialog::getInt(this, tr("Go to Page"), tr("Page:"), view_->page(), 1,
-                                          view_->pageCount(), 1, &chosen);
-    if (chosen)
-        view_->setPage(static_cast<short>(page));
-}
-
 void MainWindow::showState() {
     const int document = view_->docID();
     setWindowTitle(document == 0
                        ? QString::fromLatin1(product::Title)
                        : tr("Document %1 \u2013 %2").arg(document).arg(QLatin1String(product::Title)));
-    for (QAction* action : std::as_const(pageActions_))
-        action->setEnabled(view_->pageCount() > 1);
     for (const Command& command : std::as_const(commands_)) {
-        const QAction* const own = view_->action(command.key);
-        command.action->setEnabled(own && own->isEnabled());
+        const QAction& own = *view_->action(command.key);
+        command.action->setText(own.text());
+        command.action->setEnabled(own.isEnabled());
+        command.action->setVisible(own.isVisible());
+        command.action->setCheckable(own.isCheckable());
+        command.action->setChecked(own.isChecked());
     }
-}
-
-void MainWindow::showAbout() {
-    QMessageBox::about(this, tr("About Pixmo"),
-                       tr("<b>%1 %2</b><p>A viewer of document pages from an imaging server.</p>")
-                           .arg(QLatin1String(product::Title), QApplication::applicationVersion()));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -4,6 +4,7 @@
 #include "apps/pixmo/recentdocuments.h"
 #include "faces/qt/imageview.h"
 
+#include <QKeySequence>
 #include <QMainWindow>
 
 namespace pixmo::viewer {
@@ -30,23 +31,20 @@ private:
     void makeViewMenu();
     void makeGoMenu();
     void makeHelpMenu();
-    QAction* addCommand(QMenu& menu, const QString& text, const QString& key);
+    void addCommand(QMenu& menu, const char* key, const QKeySequence& shortcut = {});
     void fillRecentMenu();
     void restorePlace();
     void askForDocument();
-    void askForPage();
     void showState();
-    void showAbout();
 
     const Options options_;
     RecentDocuments recent_;
     qt::ImageView* view_ = nullptr;
     QString engine_; ///< that the view has been told
     QMenu* recentMenu_ = nullptr;
-    QList<QAction*> pageActions_; ///< possible while a document is open
     struct Command {
         QAction* action;
-        QString key;
+        QLatin1String key;
     };
     QList<Command> commands_; ///< mirror the view's own
 };

@@ -171,6 +171,7 @@ void Commands::turnTo(int32_t page) {
 void Commands::imgPageGoto() {
     dlgGotoPage dialog;
     dialog.setPageNumber(parts_.session.currentPage);
+    dialog.setPageCount(parts_.session.pageCount);
     const int32_t document = parts_.session.currentDocument;
     parts_.ports.dialogs->showModal(dialog);
     const int16_t answer = dialog.PageNumber();

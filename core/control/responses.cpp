@@ -168,24 +168,36 @@ void Responses::processPage(const Tag& tag, const AsyncProperty& record) {
     parts_.logLine("Processing GP Resp: " + record.File.string());
     const float kilobytes = cUtilities::GetFileSize(record.File);
     if (kilobytes <= 0) {
-        failPage("No page returned.");
+        failPage(tag, "No page returned.");
     } else if (kilobytes < SmallestPageKilobytes) {
-        processSmallAnswer(record);
+        processSmallAnswer(tag, record);
     } else {
         keepPage(tag, record);
         file.keep();
     }
 }
 
-void Responses::processSmallAnswer(const AsyncProperty& record) {
+void Responses::processSmallAnswer(const Tag& tag, const AsyncProperty& record) {
     const std::string text = textOf(readFile(record.File));
     if (containsIgnoringCase(text, "err"))
-        failPage(text);
+        failPage(tag, text);
     else if (processText(text) != 0)
         transfers_.CancelDownloads();
 }
 
-void Responses::failPage(const std::string& message) {
+/// A page that only a thumbnail was wanted of costs no more than the thumbnail.
+bool Responses::failThumbnail(const Tag& tag, const std::string& message) {
+    const int16_t page = tag.size() < 3 ? int16_t{0} : toInteger(tag[2]);
+    if (!parts_.fThumbNails || !parts_.session.pages.isForThumbnail(page))
+        return false;
+    parts_.logLine(Indent + "Thumbnail of page " + std::to_string(page) + ": " + message);
+    parts_.fThumbNails->failThumbnail(page, message);
+    return true;
+}
+
+void Responses::failPage(const Tag& tag, const std::string& message) {
+    if (failThumbnail(tag, message))
+        return;
     const int32_t document = parts_.session.currentDocument;
     parts_.ports.messageBox->ask(message, Buttons::Ok, Icon::None, {});
     // Another document may have come while the message stood.

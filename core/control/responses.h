@@ -35,8 +35,9 @@ private:
     void processInitialContact(const AsyncProperty& record);
     void processPageCount(const AsyncProperty& record);
     void processPage(const Tag& tag, const AsyncProperty& record);
-    void processSmallAnswer(const AsyncProperty& record);
-    void failPage(const std::string& message);
+    void processSmallAnswer(const Tag& tag, const AsyncProperty& record);
+    bool failThumbnail(const Tag& tag, const std::string& message);
+    void failPage(const Tag& tag, const std::string& message);
     void keepPage(const Tag& tag, const AsyncProperty& record);
 
     ControlParts& parts_;

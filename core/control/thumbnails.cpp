@@ -11,18 +11,20 @@ void Thumbnails::ShowThumbNails() {
         if (!fThumbNails_)
             open();
         follow();
-        parts_.ports.thumbnailHost->show(*fThumbNails_);
+        parts_.ports.thumbnailHost->show(fThumbNails_);
     });
 }
 
 void Thumbnails::open() {
     surface_ = parts_.ports.thumbnailHost->surface();
     fThumbNails_ =
-        std::make_unique<dlgThumbs>(*this, *parts_.ports.timers, *parts_.ports.settings, *surface_);
+        std::make_shared<dlgThumbs>(*this, *parts_.ports.timers, *parts_.ports.settings, *surface_);
     fThumbNails_->ItemSelected.connect([this](int16_t page) { fThumbNails_ItemSelected(page); });
     fThumbNails_->LoadThumbImage.connect([this](int16_t page) { fThumbNails_LoadThumbImage(page); });
-    fThumbNails_->PrintSelection.connect(
-        [this](const std::vector<int16_t>& pages) { PrintSelection.raise(pages); });
+    fThumbNails_->PrintSelection.connect([this](const std::vector<int16_t>& pages) {
+        const auto control = holdControl_();
+        PrintSelection.raise(pages);
+    });
     parts_.fThumbNails = fThumbNails_.get();
 }
 
@@ -60,19 +62,23 @@ int32_t Thumbnails::loadPage(const std::filesystem::path& file, int32_t encBytes
 }
 
 void Thumbnails::fThumbNails_ItemSelected(int16_t page) {
+    const auto control = holdControl_();
     parts_.procedure("fThumbNails_ItemSelected").step([&] {
         int16_t number = page;
         session_.LoadPage(number, false, false);
     });
 }
 
-// A page that the view is about to show is never flagged for the thumbnails: its answer belongs to the view.
+// A page that the view is about to show, or lacks, is never flagged for the thumbnails: its answer belongs to
+// the view, and the window finds it in the cache.
 void Thumbnails::fThumbNails_LoadThumbImage(int16_t page) {
+    const auto control = holdControl_();
     parts_.procedure("fThumbNails_LoadThumbImage").step([&] {
         if (isPagePending(page))
             return;
         int16_t number = page;
-        session_.LoadPage(number, false, true);
+        const bool lacking = page == parts_.session.currentPage && !parts_.isPageDisplayed();
+        session_.LoadPage(number, false, !lacking || isPageCached(page));
         if (isPageCached(page))
             parts_.session.pages.setForThumbnail(page, false);
     });

@@ -4,7 +4,9 @@
 #include "core/control/session.h"
 #include "core/thumbs/dlgthumbs.h"
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace pixmo {
@@ -12,7 +14,9 @@ namespace pixmo {
 /// The control's side of the thumbnail window: opens it, answers its questions, does what it asks.
 class Thumbnails : public ThumbDocument {
 public:
-    Thumbnails(ControlParts& parts, Session& session) : parts_(parts), session_(session) {}
+    /// `holdControl` keeps the control while it does what the window asks.
+    Thumbnails(ControlParts& parts, Session& session, std::function<std::shared_ptr<void>()> holdControl)
+        : parts_(parts), session_(session), holdControl_(std::move(holdControl)) {}
     ~Thumbnails() override;
     Thumbnails(const Thumbnails&) = delete;
     Thumbnails& operator=(const Thumbnails&) = delete;
@@ -27,12 +31,14 @@ public:
     Event<const std::vector<int16_t>&> PrintSelection;
 
 private:
+    int32_t documentID() const override { return parts_.session.currentDocument; }
     int16_t pageCount() const override { return parts_.session.pageCount; }
     int16_t currentPage() const override { return parts_.session.currentPage; }
     bool isReaderWaiting() const override;
     bool isPagePending(int16_t page) const override;
     bool isPageCached(int16_t page) const override { return session_.IsPageCached(page); }
     std::string transferProblem() const override { return parts_.session.transferProblem; }
+    bool canPrint() const override { return PrintSelection.hasHandlers(); }
     int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
                      std::string& problem) const override;
 
@@ -43,7 +49,8 @@ private:
     ControlParts& parts_;
     Session& session_;
     std::shared_ptr<ViewSurface> surface_;
-    std::unique_ptr<dlgThumbs> fThumbNails_;
+    std::function<std::shared_ptr<void>()> holdControl_;
+    std::shared_ptr<dlgThumbs> fThumbNails_;
 };
 
 } // namespace pixmo

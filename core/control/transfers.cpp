@@ -114,7 +114,7 @@ void Transfers::logError(const AsyncProperty& record) {
          {"BytesMax = ", std::to_string(record.BytesMax)},
          {"AsyncType = ", std::to_string(static_cast<int32_t>(record.Type))}}};
     for (const auto& [label, value] : fields)
-        parts_.logLine(Indent + label + value);
+        parts_.logLine((Indent + label).append(value));
     parts_.logLine("Pixmo.AsyncReadComplete End AsyncProp Detail");
 }
 

@@ -12,6 +12,10 @@ int16_t dlgGotoPage::txtPageNumber_KeyPress(int16_t keyAscii) {
     return (keyAscii >= '0' && keyAscii <= '9') || keyAscii == Backspace ? keyAscii : int16_t{0};
 }
 
+std::string dlgGotoPage::lblPageNumber() const {
+    return pageCount_ > 0 ? "&Page (1 to " + std::to_string(pageCount_) + "):" : "&Page:";
+}
+
 int16_t dlgGotoPage::PageNumber() {
     constexpr double Smallest = std::numeric_limits<int16_t>::min();
     const double value = std::clamp<double>(leadingNumber(text_), Smallest, LargestPage);

@@ -20,12 +20,18 @@ public:
     void cmdOK_Click() {}
     void cmdCancel_Click() { text_ = "0"; }
 
+    /// What the face writes before the box, "&" before the mnemonic. It names no last page that is not known.
+    std::string lblPageNumber() const;
+    /// 0: not known. Only told to the user, who may ask for any page.
+    void setPageCount(int16_t count) { pageCount_ = count; }
+
     void setPageNumber(int16_t page) { text_ = std::to_string(page); }
     /// 0 means cancelled; at most LargestPage. Puts the box's text in order.
     int16_t PageNumber();
 
 private:
     std::string text_;
+    int16_t pageCount_ = 0;
 };
 
 } // namespace pixmo

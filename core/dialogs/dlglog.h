@@ -9,7 +9,7 @@ namespace pixmo {
 /// The window with the tail of the log.
 class dlgLog {
 public:
-    static constexpr size_t TailBytes = 512 * 1024;
+    static constexpr size_t TailBytes = size_t{512} * 1024;
 
     explicit dlgLog(std::filesystem::path path) : path_(std::move(path)) {}
 

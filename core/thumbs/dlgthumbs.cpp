@@ -44,8 +44,10 @@ bool canBeGripped(const FormPosition& form, const std::vector<Rectangle>& screen
 
 dlgThumbs::dlgThumbs(const ThumbDocument& document, TimerFactory& timers, SettingsStore& settings,
                      ViewSurface& surface)
-    : document_(document), settings_(settings), surface_(surface),
-      tmrLoad_(timers.createTimer([this] { tmrLoad_Timer(); })) {
+    : document_(document), settings_(settings), surface_(surface), tmrLoad_(timers.createTimer([this] {
+          const auto held = weak_from_this().lock();
+          tmrLoad_Timer();
+      })) {
     tmrLoad_->setInterval(LoadInterval);
     LoadSettings();
 }
@@ -56,7 +58,7 @@ void dlgThumbs::changed() {
 }
 
 void dlgThumbs::startLoading() {
-    if (grid_.itemCount() > 0)
+    if (shown_ && grid_.itemCount() > 0)
         tmrLoad_->start();
 }
 
@@ -65,17 +67,40 @@ void dlgThumbs::reset() {
     pictures_.clear();
     selection_.clear();
     loading_.clear();
+    notFetched_.clear();
     followedPage_ = 0;
     bandActive_ = false;
     grid_.setItemCount(0);
     changed();
 }
 
+void dlgThumbs::setShown(bool shown) {
+    shown_ = shown;
+    if (shown)
+        startLoading();
+    else
+        tmrLoad_->stop();
+}
+
+/// The view has the page that no thumbnail could be made of.
+void dlgThumbs::reviveCurrentPage() {
+    const int16_t page = document_.currentPage();
+    if (!notFetched_.contains(page) || !document_.isPageCached(page))
+        return;
+    notFetched_.erase(page);
+    retry(page);
+}
+
 void dlgThumbs::documentChanged() {
     const int16_t count = document_.pageCount();
     const int16_t page = document_.currentPage();
-    if (count == grid_.itemCount() && page == followedPage_)
+    reviveCurrentPage();
+    const int32_t document = document_.documentID();
+    if (count == grid_.itemCount() && page == followedPage_ && document == shownDocument_)
         return;
+    if (count != grid_.itemCount() || document != shownDocument_)
+        reset();
+    shownDocument_ = document;
     grid_.setItemCount(count);
     if (page > 0 && page <= count && page != followedPage_) {
         grid_.scrollToItem(page - 1);
@@ -87,8 +112,29 @@ void dlgThumbs::documentChanged() {
     changed();
 }
 
+std::string dlgThumbs::Caption() const {
+    const std::string title = "Thumbnails";
+    return shownDocument_ == 0 ? title : title + " \u2013 Document " + std::to_string(shownDocument_);
+}
+
+std::string dlgThumbs::notice() const {
+    if (grid_.itemCount() > 0)
+        return {};
+    return shownDocument_ == 0 ? "No document is loaded." : "The pages are being counted\u2026";
+}
+
+std::string dlgThumbs::tip(int16_t page) const {
+    std::string name = "Page " + std::to_string(page);
+    if (state(page) != ThumbState::Failed)
+        return name;
+    return name + ": " + reason(page) + std::string(LineBreak) + "Click to try again.";
+}
+
 void dlgThumbs::resized() {
     const double ratio = surface_.devicePixelRatio();
+    if (ratio_ != ratio)
+        pictures_.outdatePictures();
+    ratio_ = ratio;
     grid_.setViewport(
         {static_cast<int32_t>(surface_.width() / ratio), static_cast<int32_t>(surface_.height() / ratio)});
     startLoading();
@@ -110,67 +156,75 @@ void dlgThumbs::setItemSizeFactor(int32_t percent) {
     itemSizeFactor_ = clampedFactor(percent);
     grid_.setPictureSize(
         {PictureAtFull.width * itemSizeFactor_ / 100, PictureAtFull.height * itemSizeFactor_ / 100});
-    pictures_.dropPictures();
+    pictures_.outdatePictures();
     startLoading();
     changed();
 }
 
-/// Whether the page is still to be asked for.
-bool dlgThumbs::isWanted(int16_t page) const {
-    return pictures_.state(page - 1) == ThumbState::Empty;
+int16_t dlgThumbs::nearestWanted(int32_t rowsBeyond, bool cachedOnly) const {
+    const ThumbGrid::Range range = grid_.visible(rowsBeyond);
+    const int32_t middle = (range.first + range.end) / 2;
+    int16_t nearest = 0;
+    for (int32_t item = range.first; item < range.end; ++item) {
+        const auto page = static_cast<int16_t>(item + 1);
+        if (!pictures_.isWanted(item) || (cachedOnly && !document_.isPageCached(page)))
+            continue;
+        if (nearest == 0 || std::abs(item - middle) < std::abs(nearest - 1 - middle))
+            nearest = page;
+    }
+    return nearest;
 }
 
-/// The visible page nearest to the middle of the window that has no picture yet, then one of the rows beyond;
-/// 0 for none.
-int16_t dlgThumbs::nextWanted() const {
-    for (const int32_t beyond : {0, 1}) {
-        const ThumbGrid::Range range = grid_.visible(beyond);
-        const int32_t middle = (range.first + range.end) / 2;
-        int16_t nearest = 0;
-        for (int32_t item = range.first; item < range.end; ++item) {
-            const auto page = static_cast<int16_t>(item + 1);
-            if (isWanted(page) && (nearest == 0 || std::abs(item - middle) < std::abs(nearest - 1 - middle)))
-                nearest = page;
-        }
-        if (nearest != 0)
-            return nearest;
-    }
-    return 0;
+/// The page in the window nearest to its middle that has no picture yet, then one of the rows beyond; 0 for
+/// none.
+int16_t dlgThumbs::nextWanted(bool cachedOnly) const {
+    const int16_t page = nearestWanted(0, cachedOnly);
+    return page != 0 ? page : nearestWanted(1, cachedOnly);
+}
+
+bool dlgThumbs::mayFetch() const {
+    return loading_.size() < MostRequests && !document_.isReaderWaiting();
 }
 
 /// Items whose transfer ended without their being posted: to be asked for again when the page is there after
 /// all (it was taken by the view), else failed.
 void dlgThumbs::settle() {
-    for (auto page = loading_.begin(); page != loading_.end();) {
-        const bool over = pictures_.state(*page - 1) != ThumbState::Loading;
-        if (!over && document_.isPagePending(*page)) {
-            ++page;
+    const std::set<int16_t> loading = loading_;
+    for (const int16_t page : loading) {
+        const bool posted = pictures_.state(page - 1) != ThumbState::Loading;
+        if (!posted && document_.isPagePending(page))
             continue;
-        }
-        if (!over && document_.isPageCached(*page))
-            pictures_.setEmpty(*page - 1);
-        else if (!over)
-            pictures_.setFailed(*page - 1, document_.transferProblem().empty()
-                                               ? "The page could not be loaded."
-                                               : document_.transferProblem());
-        page = loading_.erase(page);
+        if (posted)
+            loading_.erase(page);
+        else if (document_.isPageCached(page))
+            loading_.erase(page), pictures_.setEmpty(page - 1);
+        else
+            failThumbnail(page, document_.transferProblem());
         changed();
     }
 }
 
 void dlgThumbs::tmrLoad_Timer() {
     settle();
-    const int16_t page = nextWanted();
-    if (page == 0 && loading_.empty()) {
+    if (loading_.empty() && nextWanted(false) == 0) {
         tmrLoad_->stop();
         return;
     }
-    const bool cached = page != 0 && document_.isPageCached(page);
-    if (page == 0 || (!cached && (loading_.size() >= MostRequests || document_.isReaderWaiting())))
+    const int16_t page = nextWanted(!mayFetch());
+    if (page == 0)
         return;
     pictures_.setLoading(page - 1);
     loading_.insert(page);
     LoadThumbImage.raise(page);
+}
+
+void dlgThumbs::failThumbnail(int16_t page, const std::string& reason) {
+    if (page < 1 || page > grid_.itemCount())
+        return;
+    loading_.erase(page);
+    notFetched_.insert(page);
+    pictures_.setFailed(page - 1, reason.empty() ? "The page could not be loaded." : reason);
+    changed();
 }
 
 void dlgThumbs::PostImageToThumbnail(int16_t page, const std::filesystem::path& file, int32_t encBytes) {
@@ -179,27 +233,32 @@ void dlgThumbs::PostImageToThumbnail(int16_t page, const std::filesystem::path& 
     loading_.erase(page);
     Raster raster;
     std::string problem;
-    if (document_.loadPage(file, encBytes, raster, problem) != 0) {
+    if (document_.loadPage(file, encBytes, raster, problem) == 0)
+        showPicture(page - 1, raster);
+    else
         pictures_.setFailed(page - 1, problem);
-    } else {
-        const double ratio = surface_.devicePixelRatio();
-        const auto device = [ratio](int32_t length) {
-            return std::max(1, static_cast<int32_t>(std::lround(length * ratio)));
-        };
-        ThumbPicture picture;
-        picture.size =
-            sizeInside(raster, {device(grid_.pictureSize().width), device(grid_.pictureSize().height)});
-        const auto width = static_cast<size_t>(picture.size.width);
-        picture.pixels.resize(width * static_cast<size_t>(picture.size.height));
-        drawPicture(raster, {picture.pixels.data(), picture.size.width, picture.size.height, width});
-        pictures_.setPicture(page - 1, std::move(picture));
-    }
     changed();
+}
+
+void dlgThumbs::showPicture(int32_t item, const Raster& raster) {
+    const double ratio = surface_.devicePixelRatio();
+    const auto device = [ratio](int32_t length) {
+        return std::max(1, static_cast<int32_t>(std::lround(length * ratio)));
+    };
+    ThumbPicture picture;
+    picture.size =
+        sizeInside(raster, {device(grid_.pictureSize().width), device(grid_.pictureSize().height)});
+    const auto width = static_cast<size_t>(picture.size.width);
+    picture.pixels.resize(width * static_cast<size_t>(picture.size.height));
+    drawPicture(raster, {picture.pixels.data(), picture.size.width, picture.size.height, width});
+    const ThumbGrid::Range seen = grid_.visible(1);
+    pictures_.setPicture(item, std::move(picture), seen.first, seen.end);
 }
 
 void dlgThumbs::retry(int16_t page) {
     if (pictures_.state(page - 1) != ThumbState::Failed)
         return;
+    notFetched_.erase(page);
     pictures_.setEmpty(page - 1);
     startLoading();
     changed();

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -31,8 +32,8 @@ struct FormPosition {
 };
 
 /// The window that lists every page as a thumbnail. Pages count from 1; positions are device-independent
-/// pixels of its picture area.
-class dlgThumbs : public ThumbnailWindow {
+/// pixels of its picture area. Whoever calls it holds it during the call, which may bring about its end.
+class dlgThumbs : public ThumbnailWindow, public std::enable_shared_from_this<dlgThumbs> {
 public:
     static constexpr int32_t SmallestFactor = 20; ///< percent
     static constexpr int32_t LargestFactor = 300;
@@ -47,7 +48,10 @@ public:
     Event<> Changed;                                   ///< selection, size, toolbar or scroll position
 
     void PostImageToThumbnail(int16_t page, const std::filesystem::path& file, int32_t encBytes) override;
+    void failThumbnail(int16_t page, const std::string& reason) override;
     void reset() override;
+    /// Thumbnails are loaded only while the window is to be seen.
+    void setShown(bool shown);
     /// Page count or current page have changed; follows the current page.
     void documentChanged();
     void resized();
@@ -61,6 +65,7 @@ public:
     int32_t itemSizeFactor() const { return itemSizeFactor_; }
     void setItemSizeFactor(int32_t percent);
 
+    /// On a page that failed it tries again.
     void click(int32_t x, int32_t y, int16_t shift);
     void doubleClick(int32_t x, int32_t y);
     void bandStart(int32_t x, int32_t y, int16_t shift);
@@ -72,8 +77,18 @@ public:
     /// Virtual-key codes; whether the key means something.
     bool keyDown(int16_t keyCode, int16_t shift);
     void selectAll();
+    void setSelected(int16_t page, bool selected);
     void printSelection();
     std::vector<int16_t> selectedPages() const;
+
+    /// "Thumbnails - Document 1001", with a dash.
+    std::string Caption() const;
+    /// What to show in place of the thumbnails; "" when there are some.
+    std::string notice() const;
+    /// What a pointer that rests on the page is told.
+    std::string tip(int16_t page) const;
+    int16_t currentPage() const { return followedPage_; }
+    bool canPrintSelection() const { return document_.canPrint() && !selection_.items().empty(); }
 
     const ThumbGrid& grid() const { return grid_; }
     const ThumbSelection& selection() const { return selection_; }
@@ -92,12 +107,18 @@ public:
     void SaveFormPosition(const FormPosition& position);
 
 private:
-    bool isWanted(int16_t page) const;
     void settle();
-    int16_t nextWanted() const;
+    void reviveCurrentPage();
+    bool mayFetch() const;
+    int16_t nextWanted(bool cachedOnly) const;
+    int16_t nearestWanted(int32_t rowsBeyond, bool cachedOnly) const;
+    void showPicture(int32_t item, const Raster& raster);
     void startLoading();
     void changed();
+    std::optional<int32_t> moveOf(int16_t keyCode) const;
     void moveFocus(int32_t item, int16_t shift);
+    void jumpToFocus();
+    void toggleFocus();
     std::set<int32_t> itemsIn(const Rectangle& rectangle) const;
 
     const ThumbDocument& document_;
@@ -108,8 +129,12 @@ private:
     ThumbSelection selection_;
     ThumbPictures pictures_;
     std::set<int16_t> loading_;
+    std::set<int16_t> notFetched_; ///< failed for want of the page itself
+    double ratio_ = 0;
+    bool shown_ = false;
     int32_t itemSizeFactor_ = 100;
     int16_t followedPage_ = 0;
+    int32_t shownDocument_ = 0;
     bool bandActive_ = false;
     int32_t bandX_ = 0;
     int32_t bandY_ = 0; ///< in the whole list, not in the window

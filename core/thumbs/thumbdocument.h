@@ -13,6 +13,7 @@ class ThumbDocument {
 public:
     virtual ~ThumbDocument() = default;
 
+    virtual int32_t documentID() const = 0; ///< 0 for none
     virtual int16_t pageCount() const = 0;
     virtual int16_t currentPage() const = 0;
     /// Whether the reader waits for a page: then no thumbnail is asked for.
@@ -20,6 +21,8 @@ public:
     virtual bool isPagePending(int16_t page) const = 0;
     virtual bool isPageCached(int16_t page) const = 0;
     virtual std::string transferProblem() const = 0;
+    /// Whether somebody prints what is selected.
+    virtual bool canPrint() const = 0;
     /// The page file restored and decoded. 0, or the number of an error whose text is in `problem`.
     virtual int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
                              std::string& problem) const = 0;

@@ -68,6 +68,20 @@ ThumbGrid::Range ThumbGrid::visible(int32_t rowsBeyond) const {
     return {first, std::clamp(endRow * columns(), first, itemCount_)};
 }
 
+ThumbGrid::Range ThumbGrid::inRows(int32_t top, int32_t bottom) const {
+    const int32_t height = cellSize().height;
+    const int32_t lastRow = std::max(0, rows() - 1);
+    const int32_t firstRow = std::clamp((top + scroll_) / height, 0, lastRow);
+    const int32_t endRow = std::clamp((bottom + scroll_) / height, 0, lastRow) + 1;
+    return {firstRow * columns(), std::min(itemCount_, endRow * columns())};
+}
+
+int32_t ThumbGrid::rowsFrom(int32_t item, int32_t rows) const {
+    const int32_t across = columns();
+    const int32_t row = std::clamp(item / across + rows, 0, std::max(0, this->rows() - 1));
+    return std::clamp(row * across + item % across, 0, std::max(0, itemCount_ - 1));
+}
+
 int32_t ThumbGrid::middleItem() const {
     return (scroll_ + viewport_.height / 2) / cellSize().height * columns();
 }

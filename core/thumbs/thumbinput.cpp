@@ -11,6 +11,25 @@ namespace {
 
 constexpr int16_t Shift = 1;
 constexpr int16_t Ctrl = 2;
+constexpr int16_t Alt = 4;
+
+/// Virtual-key codes.
+namespace key {
+constexpr int16_t Enter = 0x0D;
+constexpr int16_t Space = 0x20;
+constexpr int16_t PageUp = 0x21;
+constexpr int16_t PageDown = 0x22;
+constexpr int16_t End = 0x23;
+constexpr int16_t Home = 0x24;
+constexpr int16_t Left = 0x25;
+constexpr int16_t Up = 0x26;
+constexpr int16_t Right = 0x27;
+constexpr int16_t Down = 0x28;
+constexpr int16_t PadPlus = 0x6B;
+constexpr int16_t PadMinus = 0x6D;
+constexpr int16_t Plus = 0xBB;
+constexpr int16_t Minus = 0xBD;
+} // namespace key
 
 ThumbSelection::How howOf(int16_t shift) {
     if ((shift & Shift) != 0)
@@ -25,6 +44,8 @@ void dlgThumbs::click(int32_t x, int32_t y, int16_t shift) {
     if (item < 0)
         return;
     selection_.click(item, howOf(shift));
+    if ((shift & (Shift | Ctrl)) == 0)
+        retry(static_cast<int16_t>(item + 1));
     changed();
 }
 
@@ -60,44 +81,81 @@ void dlgThumbs::bandEnd() {
 
 std::set<int32_t> dlgThumbs::itemsIn(const Rectangle& rectangle) const {
     std::set<int32_t> items;
-    for (int32_t item = 0; item < grid_.itemCount(); ++item)
+    const ThumbGrid::Range rows = grid_.inRows(rectangle.top, rectangle.bottom());
+    for (int32_t item = rows.first; item < rows.end; ++item)
         if (!intersection(grid_.cell(item), rectangle).empty())
             items.insert(items.end(), item);
     return items;
 }
 
-bool dlgThumbs::keyDown(int16_t keyCode, int16_t shift) {
-    const int32_t last = grid_.itemCount() - 1;
-    const int32_t columns = grid_.columns();
-    const int32_t rowsAPage = std::max(1, grid_.pageStep() / grid_.cellSize().height);
+/// Where a key takes the focus; none for keys that do something else.
+std::optional<int32_t> dlgThumbs::moveOf(int16_t keyCode) const {
+    const int32_t last = std::max(0, grid_.itemCount() - 1);
     const int32_t from = std::max(0, selection_.focus());
-    struct Move {
-        int16_t key;
-        int32_t by;
-    };
-    for (const Move& move : {Move{0x25, -1}, Move{0x26, -columns}, Move{0x27, 1}, Move{0x28, columns},
-                             Move{0x21, -columns * rowsAPage}, Move{0x22, columns * rowsAPage},
-                             Move{0x24, -from}, Move{0x23, last - from}}) {
-        if (move.key != keyCode)
-            continue;
-        moveFocus(std::clamp(from + move.by, 0, std::max(0, last)), shift);
+    const int32_t rowsAPage = std::max(1, grid_.pageStep() / grid_.cellSize().height);
+    switch (keyCode) {
+    case key::Left:
+        return std::max(0, from - 1);
+    case key::Right:
+        return std::min(last, from + 1);
+    case key::Up:
+        return grid_.rowsFrom(from, -1);
+    case key::Down:
+        return grid_.rowsFrom(from, 1);
+    case key::PageUp:
+        return grid_.rowsFrom(from, -rowsAPage);
+    case key::PageDown:
+        return grid_.rowsFrom(from, rowsAPage);
+    case key::Home:
+        return 0;
+    case key::End:
+        return last;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool dlgThumbs::keyDown(int16_t keyCode, int16_t shift) {
+    if ((shift & Alt) != 0)
+        return false;
+    if (const auto item = moveOf(keyCode)) {
+        moveFocus(*item, shift);
         return true;
     }
-    if (keyCode == 0x0D && selection_.focus() >= 0)
-        ItemSelected.raise(static_cast<int16_t>(selection_.focus() + 1));
+    if (keyCode == key::Enter)
+        jumpToFocus();
     else if (keyCode == 'A' && shift == Ctrl)
         selectAll();
     else if (keyCode == 'P' && shift == Ctrl)
         printSelection();
-    else if (keyCode == 0x20 && last >= 0)
-        selection_.click(from, ThumbSelection::How::Toggle), changed();
-    else if (keyCode == 0x6B || keyCode == 0xBB)
+    else if (keyCode == key::Space)
+        toggleFocus();
+    else if (keyCode == key::PadPlus || keyCode == key::Plus)
         larger();
-    else if (keyCode == 0x6D || keyCode == 0xBD)
+    else if (keyCode == key::PadMinus || keyCode == key::Minus)
         smaller();
     else
         return false;
     return true;
+}
+
+void dlgThumbs::jumpToFocus() {
+    if (selection_.focus() >= 0)
+        ItemSelected.raise(static_cast<int16_t>(selection_.focus() + 1));
+}
+
+void dlgThumbs::toggleFocus() {
+    if (grid_.itemCount() == 0)
+        return;
+    selection_.click(std::max(0, selection_.focus()), ThumbSelection::How::Toggle);
+    changed();
+}
+
+void dlgThumbs::setSelected(int16_t page, bool selected) {
+    if (page < 1 || page > grid_.itemCount())
+        return;
+    selection_.select(page - 1, selected);
+    changed();
 }
 
 void dlgThumbs::moveFocus(int32_t item, int16_t shift) {

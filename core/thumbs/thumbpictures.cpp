@@ -14,16 +14,22 @@ std::string ThumbPictures::reason(int32_t item) const {
     return found == entries_.end() ? std::string() : found->second.reason;
 }
 
+bool ThumbPictures::isWanted(int32_t item) const {
+    const auto found = entries_.find(item);
+    return found == entries_.end() || found->second.state == ThumbState::Empty ||
+           (found->second.state == ThumbState::Shown && found->second.outdated);
+}
+
 const ThumbPicture* ThumbPictures::picture(int32_t item) {
     const auto found = entries_.find(item);
-    if (found == entries_.end() || found->second.state != ThumbState::Shown)
+    if (found == entries_.end() || found->second.picture.pixels.empty())
         return nullptr;
     used_.splice(used_.begin(), used_, found->second.use);
     return &found->second.picture;
 }
 
 void ThumbPictures::release(Entry& entry) {
-    if (entry.state == ThumbState::Shown) {
+    if (!entry.picture.pixels.empty()) {
         pixels_ -= entry.picture.pixels.size();
         used_.erase(entry.use);
     }
@@ -31,9 +37,7 @@ void ThumbPictures::release(Entry& entry) {
 }
 
 void ThumbPictures::setLoading(int32_t item) {
-    Entry& entry = entries_[item];
-    release(entry);
-    entry.state = ThumbState::Loading;
+    entries_[item].state = ThumbState::Loading;
 }
 
 void ThumbPictures::setFailed(int32_t item, std::string reason) {
@@ -43,7 +47,7 @@ void ThumbPictures::setFailed(int32_t item, std::string reason) {
     entry.reason = std::move(reason);
 }
 
-void ThumbPictures::setPicture(int32_t item, ThumbPicture picture) {
+void ThumbPictures::setPicture(int32_t item, ThumbPicture picture, int32_t firstKept, int32_t endKept) {
     Entry& entry = entries_[item];
     release(entry);
     entry.state = ThumbState::Shown;
@@ -51,12 +55,17 @@ void ThumbPictures::setPicture(int32_t item, ThumbPicture picture) {
     pixels_ += entry.picture.pixels.size();
     used_.push_front(item);
     entry.use = used_.begin();
-    keepBudget(item);
+    keepBudget(item, firstKept, endKept);
 }
 
-void ThumbPictures::keepBudget(int32_t newest) {
-    while (pixels_ > PixelBudget && used_.back() != newest)
-        setEmpty(used_.back());
+void ThumbPictures::keepBudget(int32_t newest, int32_t firstKept, int32_t endKept) {
+    for (auto use = used_.end(); pixels_ > PixelBudget && use != used_.begin();) {
+        const int32_t item = *--use;
+        if (item == newest || (item >= firstKept && item < endKept))
+            continue;
+        ++use;
+        setEmpty(item);
+    }
 }
 
 void ThumbPictures::setEmpty(int32_t item) {
@@ -73,10 +82,9 @@ void ThumbPictures::clear() {
     pixels_ = 0;
 }
 
-void ThumbPictures::dropPictures() {
-    const std::list<int32_t> items = used_;
-    for (const int32_t item : items)
-        setEmpty(item);
+void ThumbPictures::outdatePictures() {
+    for (const int32_t item : used_)
+        entries_[item].outdated = true;
 }
 
 } // namespace pixmo

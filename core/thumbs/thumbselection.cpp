@@ -5,6 +5,8 @@
 namespace pixmo {
 
 void ThumbSelection::click(int32_t item, How how) {
+    if (anchor_ < 0)
+        anchor_ = focus_;
     focus_ = item;
     if (how == How::Toggle) {
         if (!items_.erase(item))
@@ -28,6 +30,13 @@ void ThumbSelection::selectAll(int32_t itemCount) {
 void ThumbSelection::setBand(const std::set<int32_t>& before, const std::set<int32_t>& covered) {
     items_ = before;
     items_.insert(covered.begin(), covered.end());
+}
+
+void ThumbSelection::select(int32_t item, bool selected) {
+    if (selected)
+        items_.insert(item);
+    else
+        items_.erase(item);
 }
 
 void ThumbSelection::clear() {

@@ -18,7 +18,7 @@ constexpr double LineWidth = 1.8;
 
 /// Drawings on a grid of 24 by 24: M and L take a point, Z closes, A takes centre, radius, and the start
 /// and the span of an arc in degrees.
-constexpr std::array<std::pair<const char*, const char*>, 14> Drawings = {{
+constexpr std::array<std::pair<const char*, const char*>, 17> Drawings = {{
     {"THUMBS", "M 4 4 L 10 4 L 10 10 L 4 10 Z M 14 4 L 20 4 L 20 10 L 14 10 Z "
                "M 4 14 L 10 14 L 10 20 L 4 20 Z M 14 14 L 20 14 L 20 20 L 14 20 Z"},
     {"PRINT", "M 7 9 L 7 3 L 17 3 L 17 9 M 7 17 L 3 17 L 3 9 L 21 9 L 21 17 L 17 17 "
@@ -40,6 +40,11 @@ constexpr std::array<std::pair<const char*, const char*>, 14> Drawings = {{
     {"FITWIDTH", "M 2.5 3 L 2.5 21 M 21.5 3 L 21.5 21 M 5.5 12 L 18.5 12 M 8.5 9 L 5.5 12 L 8.5 15 "
                  "M 15.5 9 L 18.5 12 L 15.5 15"},
     {"STAR", "M 6 3 L 18 3 L 18 21 L 12 16 L 6 21 Z"},
+    {"LARGER", "M 4 3 L 20 3 L 20 21 L 4 21 Z M 8 12 L 16 12 M 12 8 L 12 16"},
+    {"SMALLER", "M 6.5 6 L 17.5 6 L 17.5 20 L 6.5 20 Z M 9.5 13 L 14.5 13"},
+    {"SELECTALL",
+     "M 3 3 L 10 3 L 10 10 L 3 10 Z M 14 3 L 21 3 L 21 10 L 14 10 Z M 3 14 L 10 14 L 10 21 L 3 21 Z "
+     "M 13.5 17.5 L 16.5 20.5 L 21.5 14.5"},
 }};
 
 QPainterPath parse(const QStringList& words) {

@@ -1,120 +1,56 @@
 #include "faces/qt/dialogs.h"
 
-#include "core/dialogs/dlgabout.h"
 #include "core/dialogs/dlggotopage.h"
-#include "core/dialogs/dlglog.h"
+#include "faces/qt/aboutdialog.h"
+#include "faces/qt/gotodialog.h"
 #include "faces/qt/imageview.h"
+#include "faces/qt/logdialog.h"
+#include "faces/qt/savepagedialog.h"
 #include "faces/qt/texts.h"
 
-#include <QCoreApplication>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QFontDatabase>
-#include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRegularExpressionValidator>
-#include <QScrollBar>
-#include <QVBoxLayout>
+#include <QPointer>
 
 namespace pixmo::qt {
 
 namespace {
 
-constexpr QSize LogSize(760, 480);
-
-QString translated(const char* text) {
-    return QCoreApplication::translate("Dialogs", text);
-}
-
-QDialogButtonBox* addButtons(QDialog& dialog, QDialogButtonBox::StandardButtons which) {
-    auto* const buttons = new QDialogButtonBox(which, &dialog);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    return buttons;
-}
-
-QLabel* addText(QVBoxLayout& layout, const std::string& text) {
-    auto* const label = new QLabel(linesToQt(text));
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setHidden(text.empty());
-    layout.addWidget(label);
-    return label;
-}
-
-void readLog(dlgLog& log, QPlainTextEdit& pane) {
-    log.refresh();
-    pane.setPlainText(linesToQt(log.text()));
-    pane.verticalScrollBar()->setValue(pane.verticalScrollBar()->maximum());
+/// Whether the window was accepted and is still there. Its parent's end is its own.
+bool run(const QPointer<QDialog>& window) {
+    const bool accepted = window->exec() == QDialog::Accepted;
+    if (window)
+        window->deleteLater();
+    return window && accepted;
 }
 
 } // namespace
 
-QPointer<QDialog> Dialogs::makeDialog(const QString& title) const {
-    auto* const dialog = new QDialog(link_->widget);
-    dialog->setWindowTitle(title);
-    dialog->setWindowModality(Qt::WindowModal);
-    return dialog;
-}
-
 void Dialogs::showModal(dlgGotoPage& dialog) {
-    const QPointer<QDialog> window = makeDialog(translated("Go to Page"));
-    auto* const number = new QLineEdit(toQt(dialog.txtPageNumber()), window);
-    number->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), number));
-    number->selectAll();
-    auto* const form = new QFormLayout(window);
-    form->addRow(translated("&Page:"), number);
-    form->addRow(addButtons(*window, QDialogButtonBox::Ok | QDialogButtonBox::Cancel));
-    const bool chosen = window->exec() == QDialog::Accepted;
-    if (!window || !chosen) {
+    const QPointer<GotoDialog> window = link_->widget ? new GotoDialog(dialog, link_->widget) : nullptr;
+    if (!window || !run(window.data())) {
         dialog.cmdCancel_Click();
-    } else {
-        dialog.setTxtPageNumber(number->text().toStdString());
-        dialog.cmdOK_Click();
+        return;
     }
-    delete window;
+    dialog.setTxtPageNumber(window->number().toStdString());
+    dialog.cmdOK_Click();
 }
 
 void Dialogs::showModal(dlgAbout& dialog) {
-    const QPointer<QDialog> window = makeDialog(toQt(dialog.Caption()));
-    auto* const layout = new QVBoxLayout(window);
-    addText(*layout, dialog.lblDescription());
-    addText(*layout, dialog.lblVersion());
-    addText(*layout, dialog.lblInformation());
-    layout->addWidget(addButtons(*window, QDialogButtonBox::Ok));
-    window->exec();
-    delete window;
+    if (link_->widget)
+        run(new AboutDialog(dialog, link_->widget));
 }
 
 void Dialogs::showModal(dlgLog& dialog) {
-    const QPointer<QDialog> window = makeDialog(toQt(dialog.path().string()));
-    auto* const pane = new QPlainTextEdit(window);
-    pane->setReadOnly(true);
-    pane->setLineWrapMode(QPlainTextEdit::NoWrap);
-    pane->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    auto* const buttons = addButtons(*window, QDialogButtonBox::Close);
-    QPushButton* const refresh = buttons->addButton(translated("&Refresh"), QDialogButtonBox::ActionRole);
-    QObject::connect(refresh, &QPushButton::clicked, pane, [&dialog, pane] { readLog(dialog, *pane); });
-    auto* const layout = new QVBoxLayout(window);
-    layout->addWidget(pane);
-    layout->addWidget(buttons);
-    window->resize(LogSize);
-    readLog(dialog, *pane);
-    window->exec();
-    delete window;
+    if (link_->widget)
+        run(new LogDialog(dialog, link_->widget));
 }
 
 std::optional<std::filesystem::path> Dialogs::askSavePath(const std::string& suggestedName) {
-    const QString path =
-        QFileDialog::getSaveFileName(link_->widget, translated("Save Page As"), toQt(suggestedName),
-                                     translated("TIFF pictures (*.tif *.tiff);;PNG pictures (*.png)"));
-    if (path.isEmpty())
+    if (!link_->widget)
         return std::nullopt;
-    return path.toStdString();
+    const QPointer<SavePageDialog> window = new SavePageDialog(toQt(suggestedName), link_->widget);
+    if (!run(window.data()))
+        return std::nullopt;
+    return std::filesystem::path(window->chosenPath().toStdU16String());
 }
 
 } // namespace pixmo::qt

@@ -3,9 +3,6 @@
 #include "core/platform/dialogs.h"
 #include "faces/qt/widgetlink.h"
 
-#include <QDialog>
-#include <QPointer>
-
 namespace pixmo::qt {
 
 /// The control's small windows over its widget. When the widget ends while one stands, it is cancelled.
@@ -19,8 +16,6 @@ public:
     std::optional<std::filesystem::path> askSavePath(const std::string& suggestedName) override;
 
 private:
-    QPointer<QDialog> makeDialog(const QString& title) const;
-
     SharedWidgetLink link_;
 };
 

@@ -37,6 +37,10 @@ QAction* ImageView::action(const QString& key) const {
     return d_->action(key);
 }
 
+void ImageView::setCommandForbidden(const QString& key, bool forbidden) {
+    d_->setForbidden(key.toStdString(), forbidden);
+}
+
 QString ImageView::readOut() const {
     return toQt(d_->control()->txtPage());
 }

@@ -171,9 +171,11 @@ public:
     /// Nobody is there: message boxes write their text to standard error and answer with the safest button.
     void setUnattended(bool unattended);
 
-    /// The command of that toolbar key ("PAGENEXT"), kept enabled and disabled as the toolbar's button is;
-    /// nullptr for an unknown key.
+    /// The command of that key ("PAGENEXT", see docs/hosting-qt.md) for the host's menus, its state kept
+    /// right; nullptr for an unknown key.
     QAction* action(const QString& key) const;
+    /// A forbidden command vanishes from toolbar, menus and keys.
+    void setCommandForbidden(const QString& key, bool forbidden);
     /// "Page 3 of 12"
     QString readOut() const;
     /// What the view shows in place of the page while the page is not there; "" when it is.

@@ -1,6 +1,7 @@
 #include "faces/qt/imageviewprivate.h"
 
 #include "codecs/pagecodecs.h"
+#include "codecs/pagewriter.h"
 #include "core/printing/dlgprint.h"
 #include "faces/qt/clipboard.h"
 #include "faces/qt/container.h"
@@ -11,6 +12,7 @@
 #include "faces/qt/printwindows.h"
 #include "faces/qt/scratchfolder.h"
 #include "faces/qt/settingsstore.h"
+#include "faces/qt/thumbnailhost.h"
 #include "faces/qt/timers.h"
 #include "faces/qt/viewsurface.h"
 
@@ -25,21 +27,19 @@ namespace pixmo::qt {
 
 ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
-      page_(new PageView(&widget)), status_(widget), messageBox_(std::make_shared<MessageBox>(link_)),
-      reader_(std::make_shared<AsyncReader>()), printers_(std::make_shared<Printers>(link_)),
-      control_(pixmo::ImageView::create(ports())) {
-    // This face has nothing that writes page files.
-    control_->commands().setForbidden("SAVEPAGE", true);
+      page_(new PageView(&widget)), debug_(new DebugPane(&widget)), status_(widget),
+      actions_(widget,
+               [this](const std::string& key) {
+                   give([&key](pixmo::ImageView& control) { control.runCommand(key); });
+               }),
+      messageBox_(std::make_shared<MessageBox>(link_)), reader_(std::make_shared<AsyncReader>()),
+      printers_(std::make_shared<Printers>(link_)), control_(pixmo::ImageView::create(ports())) {
     control_->UserControl_InitProperties();
     page_->setControl(control_);
     widget_.setFocusProxy(page_);
     widget_.setFocusPolicy(Qt::StrongFocus);
     QObject::connect(toolbar_, &CommandToolBar::commandGiven, &widget_, [this](const QString& key) {
-        const QPointer<ImageView> alive(&widget_);
-        control()->tlbImage_ButtonClick(key.toStdString());
-        // A click turns a checkable action by itself; the control says how it stands.
-        if (alive)
-            showInterface();
+        give([&key](pixmo::ImageView& control) { control.tlbImage_ButtonClick(key.toStdString()); });
     });
     toolbar_->setMenu([this] { return control()->tlbImage_MouseDown(); },
                       [this](const std::string& key) { control()->runCommand(key); });
@@ -71,6 +71,8 @@ ControlPorts ImageViewPrivate::ports() {
     ports.decoder = std::make_shared<PageCodecs>();
     ports.dialogs = std::make_shared<Dialogs>(link_);
     ports.clipboard = std::make_shared<Clipboard>();
+    ports.pageWriter = std::make_shared<PageFileWriter>();
+    ports.thumbnailHost = std::make_shared<ThumbnailHost>(link_);
     ports.printers = printers_;
     ports.printWindows = std::make_shared<PrintWindows>(link_);
     return ports;
@@ -150,11 +152,25 @@ void ImageViewPrivate::announceChanges() {
             notifySignals_[row].invoke(link->widget, Qt::DirectConnection);
 }
 
+void ImageViewPrivate::give(const std::function<void(pixmo::ImageView&)>& command) {
+    const SharedWidgetLink link = link_;
+    command(*control());
+    if (link->widget)
+        showInterface();
+}
+
+void ImageViewPrivate::setForbidden(std::string_view key, bool forbidden) {
+    control_->commands().setForbidden(key, forbidden);
+    showInterface();
+}
+
 void ImageViewPrivate::showInterface() {
     const SharedWidgetLink link = link_;
     toolbar_->mirror(control_->tlbImage());
+    actions_.mirror(*control_);
     status_.mirror(*control_);
     page_->refreshNotice();
+    debug_->mirror(*control_);
     relayout(false);
     announceChanges();
     if (link->widget)
@@ -167,12 +183,14 @@ void ImageViewPrivate::relayout(bool resized) {
     measures.width = widget_.width() - 2 * border;
     measures.height = widget_.height() - 2 * border;
     measures.toolbarHeight = toolbar_->sizeHint().height();
+    measures.debugShown = control_->commands().debugShown;
     status_.measure(measures);
     const ControlLayout layout = layOut(measures);
     const auto place = [border](const Box& box) {
         return QRect(box.left + border, box.top + border, box.width, box.height);
     };
     toolbar_->setGeometry(place(layout.toolbar));
+    debug_->setGeometry(place(layout.debug));
     status_.place(layout, {border, border});
     const QRect viewPlace = place(layout.view);
     page_->setGeometry(viewPlace);

@@ -2,7 +2,9 @@
 
 #include "core/control/imageview.h"
 #include "faces/qt/asyncreader.h"
+#include "faces/qt/commandactions.h"
 #include "faces/qt/commandtoolbar.h"
+#include "faces/qt/debugpane.h"
 #include "faces/qt/imageview.h"
 #include "faces/qt/messagebox.h"
 #include "faces/qt/pageview.h"
@@ -34,7 +36,8 @@ public:
     AsyncReader& reader() const { return *reader_; }
     MessageBox& messageBox() const { return *messageBox_; }
     Printers& printers() const { return *printers_; }
-    QAction* action(const QString& key) const { return toolbar_->commandAction(key); }
+    QAction* action(const QString& key) const { return actions_.find(key); }
+    void setForbidden(std::string_view key, bool forbidden);
 
     template <typename Type>
     Type get(std::string_view name) const {
@@ -64,6 +67,8 @@ private:
     void connectPrintEvents();
     void watchProperties();
     void showInterface();
+    /// Hands a command on; a click turns a checkable action by itself, so that all is shown anew.
+    void give(const std::function<void(pixmo::ImageView&)>& command);
     void applyAppearance(std::string_view name);
     void applyFont();
     int borderWidth() const { return get<int16_t>("BorderStyle") == 0 ? 0 : 1; }
@@ -72,7 +77,9 @@ private:
     SharedWidgetLink link_;
     CommandToolBar* toolbar_;
     PageView* page_;
+    DebugPane* debug_;
     StatusRow status_;
+    CommandActions actions_;
     std::shared_ptr<MessageBox> messageBox_;
     std::shared_ptr<AsyncReader> reader_;
     std::shared_ptr<Printers> printers_;

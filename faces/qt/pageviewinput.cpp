@@ -105,6 +105,18 @@ void PageView::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
+bool PageView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::NativeGesture)
+        return QAbstractScrollArea::viewportEvent(event);
+    const auto control = control_.lock();
+    const auto& gesture = static_cast<const QNativeGestureEvent&>(*event);
+    if (!control || gesture.gestureType() != Qt::ZoomNativeGesture)
+        return false;
+    const QPointF point = devicePoint(gesture.position());
+    control->mouse().zoomByGesture(1 + gesture.value(), point.x(), point.y());
+    return true;
+}
+
 void PageView::contextMenuEvent(QContextMenuEvent* event) {
     if (const auto control = control_.lock())
         popUp(control->lvrImage_RightClick(), event->globalPos(), this,

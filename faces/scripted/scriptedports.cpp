@@ -186,9 +186,10 @@ void PageWriter::write(const Raster& page, const fs::path& path) const {
     written.push_back(path.string() + " " + std::to_string(page.width) + "x" + std::to_string(page.height));
 }
 
-void ThumbnailHost::show(dlgThumbs& window) {
+void ThumbnailHost::show(const std::shared_ptr<dlgThumbs>& window) {
     isShown = true;
-    window.resized();
+    window->setShown(true);
+    window->resized();
 }
 
 PropertyValue PropertyBag::ReadProperty(const std::string& key, const PropertyValue& defaultValue) const {

@@ -222,7 +222,7 @@ public:
 class ThumbnailHost : public pixmo::ThumbnailHost {
 public:
     std::shared_ptr<pixmo::ViewSurface> surface() override { return area; }
-    void show(dlgThumbs& window) override;
+    void show(const std::shared_ptr<dlgThumbs>& window) override;
     void close() override { isShown = false; }
 
     std::shared_ptr<ViewSurface> area = std::make_shared<ViewSurface>();

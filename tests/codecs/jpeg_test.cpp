@@ -115,8 +115,8 @@ TEST(Jpeg, ExifTurnsThePage) {
     EXPECT_EQ(raster.xResolution, 200);
     EXPECT_EQ(raster.yResolution, 300);
     // The first stored pixel is the upper right one that is seen.
-    EXPECT_NEAR(static_cast<int>(raster.row(0)[(spec.height - 1) * 3]), static_cast<int>(jpegLevel(0, 0, 0)),
-                6);
+    EXPECT_NEAR(static_cast<int>(raster.row(0)[size_t{spec.height - 1} * 3]),
+                static_cast<int>(jpegLevel(0, 0, 0)), 6);
     EXPECT_NEAR(static_cast<int>(raster.row(raster.height - 1)[0]),
                 static_cast<int>(jpegLevel(spec.width - 1, spec.height - 1, 0)), 6);
 }

@@ -49,8 +49,7 @@ std::vector<uint8_t> makeRow(const JpegSpec& spec, uint32_t y) {
     std::vector<uint8_t> row;
     for (uint32_t x = 0; x < spec.width; ++x)
         for (uint32_t channel = 0; channel < channels; ++channel) {
-            const uint32_t value =
-                spec.flat ? FlatJpegColour >> (16 - 8 * channel) : jpegLevel(x, y, channel);
+            const uint32_t value = jpegLevel(x, y, channel);
             row.push_back(static_cast<uint8_t>(channels == 4 && spec.adobe ? 255 - value : value));
         }
     return row;

@@ -14,7 +14,6 @@ struct JpegSpec {
     Colours colours = Colours::YCbCr;
     bool progressive = false;
     bool arithmetic = false;
-    bool flat = false; ///< one colour, FlatJpegColour, instead of jpegLevel
     uint32_t restartRows = 0;
     bool jfif = true;
     uint8_t densityUnit = 0;
@@ -23,8 +22,6 @@ struct JpegSpec {
     bool adobe = true;         ///< Cmyk and Ycck: with the marker, and with the samples inverted
     std::vector<uint8_t> exif; ///< a TIFF block; none when empty
 };
-
-inline constexpr uint32_t FlatJpegColour = 0xC86432;
 
 /// The gentle slopes of the test pictures: channel 0..3 at a place, 0..255.
 uint32_t jpegLevel(uint32_t x, uint32_t y, uint32_t channel);

@@ -164,6 +164,7 @@ TEST(TiffDamage, AbsurdHeaders) {
     EXPECT_THAT(problemOf(build({.compression = 4711})), HasSubstr("unknown compression: 4711"));
     EXPECT_THAT(problemOf(build({.bits = 0})), testing::Not(""));
     EXPECT_THAT(problemOf(build({.bits = 64})), testing::Not(""));
+    EXPECT_THAT(problemOf(build({.samples = 17, .stripBytes = 29 * 80})), HasSubstr("17 samples"));
     EXPECT_THAT(problemOf(build({.samples = 60000})), testing::Not(""));
     EXPECT_THAT(problemOf(build({.photometric = PHOTOMETRIC_PALETTE})), testing::Not(""));
     EXPECT_THAT(problemOf(build({.photometric = 77})), testing::Not(""));

@@ -198,18 +198,17 @@ TEST_F(CommandsTest, TheHostHearsOfKeysAfterTheControl) {
 
 TEST_F(CommandsTest, GotoIsLimitedToTheDocument) {
     open(2, 5);
-    for (const auto& [typed, page] :
-         std::vector<std::pair<std::string, std::string>>{{"4", "Page 4 of 5"},
-                                                          {"00003", "Page 3 of 5"},
-                                                          {"99999", "Page 5 of 5"},
-                                                          {"", "Page 5 of 5"},
-                                                          {"-7", "Page 1 of 5"}}) {
+    for (const auto& c : std::vector<std::pair<std::string, std::string>>{{"4", "Page 4 of 5"},
+                                                                          {"00003", "Page 3 of 5"},
+                                                                          {"99999", "Page 5 of 5"},
+                                                                          {"", "Page 5 of 5"},
+                                                                          {"-7", "Page 1 of 5"}}) {
         control.dialogs->onGoto = [&](dlgGotoPage& dialog) {
-            dialog.setTxtPageNumber(typed);
+            dialog.setTxtPageNumber(c.first);
             dialog.cmdOK_Click();
         };
         view().tlbImage_ButtonClick("PAGEGOTO");
-        EXPECT_EQ(view().txtPage(), page) << typed;
+        EXPECT_EQ(view().txtPage(), c.second) << c.first;
     }
     control.dialogs->onGoto = [](dlgGotoPage& dialog) {
         dialog.setTxtPageNumber("3");

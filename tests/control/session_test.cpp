@@ -522,8 +522,12 @@ TEST_F(Session, ThumbnailPagesGoToTheirWindow) {
         void PostImageToThumbnail(int16_t page, const std::filesystem::path&, int32_t encBytes) override {
             posted.emplace_back(page, encBytes);
         }
+        void failThumbnail(int16_t page, const std::string& reason) override {
+            failed.push_back(std::to_string(page) + " " + reason);
+        }
         void reset() override { ++resets; }
         Pages posted;
+        std::vector<std::string> failed;
         int resets = 0;
     } thumbs;
     control.open(5, 1, 3);
@@ -534,6 +538,11 @@ TEST_F(Session, ThumbnailPagesGoToTheirWindow) {
     finishPage(5, 2);
     EXPECT_EQ(thumbs.posted, (Pages{{2, 1640}}));
     EXPECT_EQ(control.view->txtPage(), "Page 1 of 3");
+    EXPECT_TRUE(control.view->isPageDisplayed());
+    control.view->session().LoadPage(page = 3, false, true);
+    control.reader->finish(control.tag("GP", 5, 3), "Error: no such page");
+    EXPECT_EQ(thumbs.failed, (std::vector<std::string>{"3 Error: no such page"}));
+    EXPECT_TRUE(control.messageBox->questions.empty());
     EXPECT_TRUE(control.view->isPageDisplayed());
     control.view->Clear();
     EXPECT_EQ(thumbs.resets, 1);

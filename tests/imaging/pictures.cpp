@@ -35,7 +35,7 @@ uint32_t colourAt(const Raster& raster, int32_t x, int32_t y) {
     const auto row = raster.row(y);
     const auto column = static_cast<size_t>(x);
     if (raster.format == PixelFormat::Bilevel)
-        return raster.bilevelColours[(row[column / 8] >> (7 - column % 8)) & 1U];
+        return raster.bilevelColours[(static_cast<unsigned>(row[column / 8]) >> (7 - column % 8)) & 1U];
     if (raster.format == PixelFormat::Gray)
         return row[column] * 0x010101U;
     return static_cast<uint32_t>(row[3 * column] << 16U | row[3 * column + 1] << 8U | row[3 * column + 2]);

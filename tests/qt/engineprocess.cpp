@@ -9,12 +9,11 @@
 
 namespace pixmo::qt {
 
-EngineProcess::EngineProcess(const QStringList& moreArguments) {
+EngineProcess::EngineProcess(const QStringList& moreArguments, const QString& documents) {
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(
-        QStringLiteral(PIXMO_ENGINE_PROGRAM),
-        QStringList{QStringLiteral("--docs"), QStringLiteral(PIXMO_SAMPLES), QStringLiteral("--control")} +
-            moreArguments);
+    process_.start(QStringLiteral(PIXMO_ENGINE_PROGRAM),
+                   QStringList{QStringLiteral("--docs"), documents, QStringLiteral("--control")} +
+                       moreArguments);
     if (!waitFor([this] { return process_.canReadLine(); }))
         throw std::runtime_error("The engine does not start.");
     address_ = QString::fromLatin1(process_.readLine().trimmed()).section(QLatin1Char(' '), -1);

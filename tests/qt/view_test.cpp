@@ -3,7 +3,9 @@
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -112,21 +114,33 @@ TEST_F(View, MirrorsTheToolbar) {
     const auto enabled = [&](const char* key) { return view->action(QLatin1String(key))->isEnabled(); };
     EXPECT_FALSE(enabled("PAGENEXT"));
     EXPECT_FALSE(enabled("FITWIDTH"));
-    EXPECT_EQ(view->action(QStringLiteral("THUMBS")), nullptr);
+    EXPECT_EQ(view->action(QStringLiteral("NONSENSE")), nullptr);
+    const QToolBar& toolbar = *view->findChild<QToolBar*>();
+    const auto button = [&](const char* key) { return toolbar.findChild<QAction*>(QLatin1String(key)); };
+    EXPECT_EQ(button("STAR"), nullptr);
     open(2);
     EXPECT_TRUE(enabled("PAGENEXT"));
     EXPECT_TRUE(enabled("PAGEPREV"));
     EXPECT_TRUE(enabled("FITWIDTH"));
     EXPECT_FALSE(enabled("CANCEL"));
-    EXPECT_EQ(view->action(QStringLiteral("PAGENEXT"))->toolTip(), QStringLiteral("Next page"));
-    QAction* const pan = view->action(QStringLiteral("PAN"));
-    EXPECT_TRUE(pan->isChecked());
+    EXPECT_TRUE(button("PAGENEXT")->isEnabled());
+    EXPECT_FALSE(button("CANCEL")->isEnabled());
+    EXPECT_EQ(button("PAGENEXT")->toolTip(), QStringLiteral("Next page"));
+    button("PAN")->trigger();
+    EXPECT_TRUE(button("PAN")->isChecked()) << "one of the group is always pressed";
+    view->action(QStringLiteral("SELECTION"))->trigger();
+    EXPECT_FALSE(button("PAN")->isChecked());
+    EXPECT_TRUE(button("SELECTION")->isChecked());
     view->setBookmarkAvailable(true);
     const QSignalSpy bookmarks(view.get(), &ImageView::BookmarkRequested);
-    view->action(QStringLiteral("STAR"))->trigger();
+    button("STAR")->trigger();
     EXPECT_EQ(bookmarks.value(0), (QList<QVariant>{sample::ManyPages, 2}));
     view->setBookmarkAvailable(false);
-    EXPECT_FALSE(view->findChild<QToolBar*>()->actions().contains(view->action(QStringLiteral("STAR"))));
+    EXPECT_FALSE(toolbar.actions().contains(button("STAR")));
+    view->setCommandForbidden(QStringLiteral("PAGENEXT"), true);
+    EXPECT_FALSE(button("PAGENEXT")->isVisible());
+    press(Qt::Key_PageDown);
+    EXPECT_EQ(view->page(), 2);
 }
 
 TEST_F(View, VeilsTheFormerPageWhileTheNextIsLoading) {
@@ -161,6 +175,54 @@ TEST_F(View, KeepsItsPartsInsideHoweverSmall) {
                 << child->metaObject()->className() << " at " << size.width();
     }
     EXPECT_TRUE(view->isPageDisplayed());
+}
+
+TEST_F(View, ShowsTheTraceWhileDebugging) {
+    const auto* const pane = view->findChild<QPlainTextEdit*>();
+    EXPECT_FALSE(pane->isVisible());
+    press(Qt::Key_D, Qt::ShiftModifier);
+    EXPECT_TRUE(pane->isVisible());
+    EXPECT_TRUE(pane->toPlainText().contains(QStringLiteral("UserControl_InitProperties Fired.")));
+    EXPECT_EQ(boxes.texts().size(), 1);
+    press(Qt::Key_D, Qt::ShiftModifier);
+    EXPECT_FALSE(pane->isVisible());
+}
+
+TEST_F(View, GoesToThePageThatIsTypedIn) {
+    open();
+    QTimer typist;
+    QObject::connect(&typist, &QTimer::timeout, &typist, [&] {
+        if (QWidget* const dialog = QApplication::activeModalWidget()) {
+            typist.stop();
+            QTest::keyClicks(dialog->findChild<QLineEdit*>(), QStringLiteral("x7"));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        }
+    });
+    typist.start(5);
+    view->action(QStringLiteral("PAGEGOTO"))->trigger();
+    EXPECT_TRUE(waitForPage(7));
+}
+
+TEST_F(View, CopiesThePageWhole) {
+    open();
+    view->action(QStringLiteral("COPY"))->trigger();
+    const QImage copied = QGuiApplication::clipboard()->image();
+    EXPECT_GT(copied.width(), 2000);
+    EXPECT_GT(copied.height(), copied.width());
+    EXPECT_EQ(copied.pixelColor(copied.width() / 2, 60), QColor(Qt::white));
+}
+
+TEST_F(View, ZoomsAndPansByTheMouse) {
+    open();
+    QWheelEvent wheel({50, 50}, page().viewport()->mapToGlobal(QPointF(50, 50)), {}, {0, 240}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(page().viewport(), &wheel);
+    ASSERT_TRUE(page().horizontalScrollBar()->isVisible());
+    const int from = page().verticalScrollBar()->value();
+    QTest::mousePress(page().viewport(), Qt::LeftButton, {}, {200, 300});
+    QTest::mouseMove(page().viewport(), {180, 200});
+    QTest::mouseRelease(page().viewport(), Qt::LeftButton, {}, {180, 200});
+    EXPECT_EQ(page().verticalScrollBar()->value(), from + qRound(100 * view->devicePixelRatioF()));
 }
 
 TEST_F(View, NamesItsPartsForScreenReaders) {

@@ -49,6 +49,26 @@ TEST(ViewerProgram, TellsItsOptionsAndVersion) {
     EXPECT_THAT(runViewer(QStringLiteral("--version")).output, testing::StartsWith("pixmo "));
 }
 
+TEST(EmbeddingExample, IsTheProgramThatTheDocumentationShows) {
+    const auto textOf = [](const char* path) {
+        QFile file(QString::fromLatin1(path));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+        return file.readAll();
+    };
+    const QByteArray program = textOf(PIXMO_DOCS "/examples/embedding.cpp");
+    EXPECT_TRUE(textOf(PIXMO_DOCS "/hosting-qt.md").contains("```cpp\n" + program + "```"));
+}
+
+TEST(EmbeddingExample, LoadsThePage) {
+    const EngineProcess engine;
+    QProcess example;
+    example.start(QStringLiteral(PIXMO_EXAMPLE_PROGRAM), {engine.address(), QStringLiteral("1002")});
+    EXPECT_TRUE(waitFor([&] { return engine.requests("GP") == 1; }));
+    EXPECT_EQ(example.state(), QProcess::Running);
+    example.terminate();
+    EXPECT_TRUE(waitFor([&] { return example.state() == QProcess::NotRunning; }));
+}
+
 class Screenshot : public testing::Test {
 protected:
     Outcome take(const QString& more) const {
