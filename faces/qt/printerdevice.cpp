@@ -1,5 +1,6 @@
 #include "faces/qt/printerdevice.h"
 
+#include "faces/qt/pdfcompactor.h"
 #include "faces/qt/texts.h"
 
 #include <QFile>
@@ -126,9 +127,14 @@ int32_t PrinterDevice::EndDoc() {
     const bool done = works() && painter_.end() && printer_.printerState() != QPrinter::Error;
     if (!isFile_)
         return done ? 1 : spool::Error;
-    const QByteArray from = QFile::encodeName(unfinished());
+    const QString whole = unfinished();
+    const QString small = path_ + QLatin1String(".small");
+    const bool compacted = done && PdfCompactor::copy(whole, small);
+    const QByteArray from = QFile::encodeName(compacted ? small : whole);
     const QByteArray to = QFile::encodeName(path_);
-    return done && std::rename(from.constData(), to.constData()) == 0 ? 1 : spool::Error;
+    const bool named = done && std::rename(from.constData(), to.constData()) == 0;
+    QFile::remove(whole);
+    return named ? 1 : spool::Error;
 }
 
 void PrinterDevice::AbortDoc() {

@@ -55,7 +55,7 @@ TEST_F(PrintTo, TheFileIsSmall) {
          QDir(QStringLiteral(PIXMO_SAMPLES "/1001")).entryInfoList({QStringLiteral("*.tif*")}))
         pages += page.size();
     ASSERT_GT(pages, 0);
-    EXPECT_LT(QFile(path).size(), 2 * pages);
+    EXPECT_LT(QFile(path).size(), pages + 60'000) << "fonts and text beside the pages";
 }
 
 TEST_F(PrintTo, SaysWhyThereIsNoFile) {
