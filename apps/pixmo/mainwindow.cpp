@@ -48,6 +48,7 @@ MainWindow::MainWindow(const Options& options) : options_(options) {
 // A view makes the acquaintance of one server: another server gets another view.
 void MainWindow::makeView() {
     view_ = new qt::ImageView(this);
+    view_->setThumbsAvailable(true);
     configure(*view_, options_);
     connect(view_, &qt::ImageView::interfaceChanged, this, &MainWindow::showState);
     connect(view_, &qt::ImageView::PageChanged, this, &MainWindow::showState);
@@ -129,7 +130,7 @@ void MainWindow::fillRecentMenu() {
 void MainWindow::restorePlace() {
     const QByteArray geometry = ViewerSettings().value(GeometrySetting).toByteArray();
     if (!options_.size.isEmpty() || !restoreGeometry(geometry))
-        resize(UsualSize);
+        resize(UsualSize.boundedTo(screen()->availableSize() * 0.9));
     if (options_.size.isEmpty())
         return;
     view_->setFixedSize(options_.size);

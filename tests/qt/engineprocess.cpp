@@ -12,7 +12,9 @@ namespace pixmo::qt {
 EngineProcess::EngineProcess(const QStringList& moreArguments, const QString& documents) {
     process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process_.start(QStringLiteral(PIXMO_ENGINE_PROGRAM),
-                   QStringList{QStringLiteral("--docs"), documents, QStringLiteral("--control")} +
+                   QStringList{QStringLiteral("--docs"),
+                               documents.isEmpty() ? QStringLiteral(PIXMO_SAMPLES) : documents,
+                               QStringLiteral("--control")} +
                        moreArguments);
     if (!waitFor([this] { return process_.canReadLine(); }))
         throw std::runtime_error("The engine does not start.");

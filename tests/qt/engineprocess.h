@@ -8,8 +8,7 @@ namespace pixmo::qt {
 /// The sample imaging server in a process of its own, serving the sample documents or others.
 class EngineProcess {
 public:
-    explicit EngineProcess(const QStringList& moreArguments = {},
-                           const QString& documents = QStringLiteral(PIXMO_SAMPLES));
+    explicit EngineProcess(const QStringList& moreArguments = {}, const QString& documents = {});
     ~EngineProcess();
     EngineProcess(const EngineProcess&) = delete;
     EngineProcess& operator=(const EngineProcess&) = delete;
