@@ -139,20 +139,21 @@ QGroupBox* PrintDialog::makeCopies() {
     return frame;
 }
 
-QPushButton* PrintDialog::addButton(QLayout& row, const QString& text, void (dlgPrint::*clicked)()) {
+QPushButton* PrintDialog::addButton(QLayout& row, const QString& text, const std::function<void()>& clicked) {
     auto* const button = new QPushButton(text, this);
     row.addWidget(button);
-    connect(button, &QPushButton::clicked, this, [this, clicked] { (state_.*clicked)(); });
+    connect(button, &QPushButton::clicked, this, clicked);
     return button;
 }
 
 QLayout* PrintDialog::makeButtons() {
     auto* const row = new QHBoxLayout;
-    addButton(*row, translated("&Print"), &dlgPrint::cmdPrint_Click)->setDefault(true);
-    addButton(*row, translated("&Cancel"), &dlgPrint::cmdCancel_Click);
-    addButton(*row, translated("P&rinters..."), &dlgPrint::cmdSelectPrinter_Click);
-    addButton(*row, translated("Pre&view..."), &dlgPrint::cmdPreview_Click);
-    cmdOptions_ = addButton(*row, translated(state_.cmdOptionsCaption()), &dlgPrint::cmdOptions_Click);
+    addButton(*row, translated("&Print"), [this] { state_.cmdPrint_Click(); })->setDefault(true);
+    addButton(*row, translated("&Cancel"), [this] { state_.cmdCancel_Click(); });
+    addButton(*row, translated("P&rinters..."), [this] { state_.cmdSelectPrinter_Click(); });
+    addButton(*row, translated("Pre&view..."), [this] { state_.cmdPreview_Click(); });
+    cmdOptions_ =
+        addButton(*row, translated(state_.cmdOptionsCaption()), [this] { state_.cmdOptions_Click(); });
     return row;
 }
 

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <array>
+#include <functional>
 
 namespace pixmo::qt {
 
@@ -31,7 +32,7 @@ private:
     QGroupBox* makeCopies();
     QLayout* makeButtons();
     QWidget* makePageBoxes(QWidget* option);
-    QPushButton* addButton(QLayout& row, const QString& text, void (dlgPrint::*clicked)());
+    QPushButton* addButton(QLayout& row, const QString& text, const std::function<void()>& clicked);
     void mirror();
 
     dlgPrint& state_;
