@@ -472,8 +472,7 @@ TEST_F(Session, TheControlMayEndInItsOwnEventsAndMessages) {
 
 TEST_F(Session, ADocumentLoadedWhenTheClearedOneIsAnnouncedStays) {
     control.open(5, 1, 3);
-    bool once = true;
-    control.view->events().PageChanged.connect([&](int32_t document, int32_t) {
+    control.view->events().PageChanged.connect([this, once = true](int32_t document, int32_t) mutable {
         if (document == 0 && std::exchange(once, false))
             control.view->LoadDocumentByDocID(6, 2);
     });
