@@ -40,8 +40,9 @@ ImageView::ImageView(ControlPorts ports)
       responses_(parts_, session_, transfers_,
                  [this](const std::string& name, const std::string& value) { setProperty(name, value); }),
       commandBar_(parts_.utilities), commands_(parts_, session_, transfers_, commandBar_, debug_),
-      mouse_(parts_),
-      thumbnails_(parts_, session_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); }),
+      mouse_(parts_), thumbnails_(
+                          parts_, session_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); },
+                          [this] { return commands_.canPrint && !commands_.isForbidden("PRINT"); }),
       printJob_(parts_, session_, commands_) {
     session_.setTransfers(transfers_);
     parts_.updateUI = [this] { UpdateUI(); };

@@ -14,9 +14,12 @@ namespace pixmo {
 /// The control's side of the thumbnail window: opens it, answers its questions, does what it asks.
 class Thumbnails : public ThumbDocument {
 public:
-    /// `holdControl` keeps the control while it does what the window asks.
-    Thumbnails(ControlParts& parts, Session& session, std::function<std::shared_ptr<void>()> holdControl)
-        : parts_(parts), session_(session), holdControl_(std::move(holdControl)) {}
+    /// `holdControl` keeps the control while it does what the window asks; `canPrint` says whether pages may
+    /// be printed.
+    Thumbnails(ControlParts& parts, Session& session, std::function<std::shared_ptr<void>()> holdControl,
+               std::function<bool()> canPrint)
+        : parts_(parts), session_(session), holdControl_(std::move(holdControl)),
+          canPrint_(std::move(canPrint)) {}
     ~Thumbnails() override;
     Thumbnails(const Thumbnails&) = delete;
     Thumbnails& operator=(const Thumbnails&) = delete;
@@ -38,7 +41,7 @@ private:
     bool isPagePending(int16_t page) const override;
     bool isPageCached(int16_t page) const override { return session_.IsPageCached(page); }
     std::string transferProblem() const override { return parts_.session.transferProblem; }
-    bool canPrint() const override { return PrintSelection.hasHandlers(); }
+    bool canPrint() const override { return canPrint_(); }
     int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
                      std::string& problem) const override;
 
@@ -50,6 +53,7 @@ private:
     Session& session_;
     std::shared_ptr<ViewSurface> surface_;
     std::function<std::shared_ptr<void>()> holdControl_;
+    std::function<bool()> canPrint_;
     std::shared_ptr<dlgThumbs> fThumbNails_;
 };
 

@@ -21,7 +21,7 @@ public:
     virtual bool isPagePending(int16_t page) const = 0;
     virtual bool isPageCached(int16_t page) const = 0;
     virtual std::string transferProblem() const = 0;
-    /// Whether somebody prints what is selected.
+    /// Whether pages may be printed.
     virtual bool canPrint() const = 0;
     /// The page file restored and decoded. 0, or the number of an error whose text is in `problem`.
     virtual int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,

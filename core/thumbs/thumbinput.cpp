@@ -183,9 +183,8 @@ std::vector<int16_t> dlgThumbs::selectedPages() const {
 }
 
 void dlgThumbs::printSelection() {
-    const std::vector<int16_t> pages = selectedPages();
-    if (!pages.empty())
-        PrintSelection.raise(pages);
+    if (canPrintSelection())
+        PrintSelection.raise(selectedPages());
 }
 
 } // namespace pixmo

@@ -110,6 +110,7 @@ TEST_F(Thumbs, ToolbarAndItsSettings) {
     }
     action("LARGER")->trigger();
     EXPECT_EQ(thumbs()->itemSizeFactor(), 110);
+    EXPECT_FALSE(action("PRINT")->isEnabled()) << "nothing is selected";
     action("SELECTALL")->trigger();
     EXPECT_EQ(thumbs()->selectedPages().size(), 12U);
     EXPECT_TRUE(action("PRINT")->isEnabled());

@@ -128,7 +128,6 @@ TEST_F(Selection, EnterAndDoubleClickJump) {
 }
 
 TEST_F(Selection, PrintsThePagesInOrder) {
-    EXPECT_FALSE(thumbs()->canPrintSelection());
     std::vector<Pages> jobs;
     control.view->thumbnails().PrintSelection.connect([&](const Pages& pages) { jobs.push_back(pages); });
     EXPECT_FALSE(thumbs()->canPrintSelection());
@@ -139,6 +138,10 @@ TEST_F(Selection, PrintsThePagesInOrder) {
     EXPECT_TRUE(thumbs()->canPrintSelection());
     thumbs()->keyDown('P', Ctrl);
     EXPECT_EQ(jobs, (std::vector<Pages>{{4, 17, 30}}));
+    control.view->commands().setForbidden("PRINT", true);
+    EXPECT_FALSE(thumbs()->canPrintSelection());
+    thumbs()->printSelection();
+    EXPECT_EQ(jobs.size(), 1U) << "the host does not want it";
 }
 
 TEST(EmptySelection, NoPageNoHarm) {
