@@ -1,0 +1,6 @@
+// Gives the identities of the type library their one place.
+#include <windows.h>
+
+#include <initguid.h>
+
+#include "vellaneinet2.h"
