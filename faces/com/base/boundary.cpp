@@ -46,7 +46,8 @@ HRESULT report(const Error& error, REFIID interfaceId, const char* procedure) {
     if (FAILED(CreateErrorInfo(info.receive())))
         return result;
     try {
-        const std::string source = error.Source.empty() ? SourcePrefix + std::string(procedure) : error.Source;
+        const std::string source =
+            error.Source.empty() ? SourcePrefix + std::string(procedure) : error.Source;
         info->SetGUID(interfaceId);
         info->SetSource(Bstr(source).get());
         info->SetDescription(Bstr(error.Description).get());

@@ -67,9 +67,9 @@ STDMETHODIMP ConnectionPoint::EnumConnections(IEnumConnections** connections) {
         std::vector<CONNECTDATA> items;
         for (const auto& [cookie, sink] : sinks_)
             items.push_back({sink.get(), cookie});
-        *connections =
-            makeObject<ComEnum<IEnumConnections, CONNECTDATA>>(std::move(items), 0U, ComPtr<IUnknown>(&owner_))
-                .detach();
+        *connections = makeObject<ComEnum<IEnumConnections, CONNECTDATA>>(std::move(items), 0U,
+                                                                          ComPtr<IUnknown>(&owner_))
+                           .detach();
         return S_OK;
     });
 }

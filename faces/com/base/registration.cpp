@@ -20,8 +20,8 @@ std::wstring fullPath(const std::wstring& key) {
 
 LSTATUS writeRow(HKEY root, const RegistryRow& row) {
     HKEY handle = nullptr;
-    const LSTATUS status = RegCreateKeyExW(root, fullPath(row.key).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr,
-                                           &handle, nullptr);
+    const LSTATUS status =
+        RegCreateKeyExW(root, fullPath(row.key).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle, nullptr);
     const Key key(handle);
     if (status != ERROR_SUCCESS || !row.hasValue)
         return status;
@@ -33,8 +33,8 @@ LSTATUS writeRow(HKEY root, const RegistryRow& row) {
 bool isEmpty(HKEY key) {
     DWORD keys = 0;
     DWORD values = 0;
-    return RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr, nullptr,
-                            nullptr, nullptr) == ERROR_SUCCESS &&
+    return RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                            nullptr, nullptr, nullptr) == ERROR_SUCCESS &&
            keys == 0 && values == 0;
 }
 

@@ -1,7 +1,7 @@
 #include "faces/com/control/controlcontext.h"
 
-#include "faces/com/base/bstr.h"
 #include "faces/com/base/boundary.h"
+#include "faces/com/base/bstr.h"
 #include "faces/com/control/ambientnames.h"
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/measures.h"
@@ -30,8 +30,8 @@ private:
 };
 
 ControlContext::ControlContext()
-    : dispatcher_(IID_IImageView), inPlace_(*this, host_), fontLink_([this](const Font& font) { letFont(font); }) {
-}
+    : dispatcher_(IID_IImageView), inPlace_(*this, host_),
+      fontLink_([this](const Font& font) { letFont(font); }) {}
 
 ControlContext::~ControlContext() {
     end();

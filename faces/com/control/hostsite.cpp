@@ -90,7 +90,7 @@ bool HostSite::rightToLeft() const {
 LCID HostSite::locale() const {
     LONG value = 0;
     return readAmbient(DISPID_AMBIENT_LOCALEID, VT_I4, &VARIANT::lVal, value) ? static_cast<LCID>(value)
-                                                                            : GetUserDefaultLCID();
+                                                                              : GetUserDefaultLCID();
 }
 
 Colour HostSite::backColor() const {

@@ -16,8 +16,9 @@ inline constexpr LONG TypeLibraryMinor = 0;
 
 /// What hosts may expect of the control: it draws itself anew for each size, cannot be linked, may be active
 /// without being in use, wants to be active while it is seen, and needs its host before its properties.
-inline constexpr DWORD ControlStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE | OLEMISC_INSIDEOUT |
-                                       OLEMISC_ACTIVATEWHENVISIBLE | OLEMISC_SETCLIENTSITEFIRST;
+inline constexpr DWORD ControlStatus = OLEMISC_RECOMPOSEONRESIZE | OLEMISC_CANTLINKINSIDE |
+                                       OLEMISC_INSIDEOUT | OLEMISC_ACTIVATEWHENVISIBLE |
+                                       OLEMISC_SETCLIENTSITEFIRST;
 
 /// Resource of the picture in a form designer's toolbox, 16 by 15 pixels.
 inline constexpr int ToolboxBitmap = 101;

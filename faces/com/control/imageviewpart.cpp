@@ -49,9 +49,9 @@ STDMETHODIMP ImageViewPart::LoadDocumentByDocID(LONG DocID, SHORT PageNum) {
 STDMETHODIMP ImageViewPart::GetLastError(LONG* Number, BSTR* Source, BSTR* Description, BSTR* HelpFile,
                                          LONG* HelpContext) {
     return call("GetLastError", [&] {
-        for (const void* target : {static_cast<void*>(Number), static_cast<void*>(Source),
-                                   static_cast<void*>(Description), static_cast<void*>(HelpFile),
-                                   static_cast<void*>(HelpContext)})
+        for (const void* target :
+             {static_cast<void*>(Number), static_cast<void*>(Source), static_cast<void*>(Description),
+              static_cast<void*>(HelpFile), static_cast<void*>(HelpContext)})
             checkPointer(target);
         Error last;
         context_.control()->GetLastError(last.Number, last.Source, last.Description, last.HelpFile,

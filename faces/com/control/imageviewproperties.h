@@ -25,7 +25,9 @@ public:
     STDMETHODIMP get_PageCount(SHORT* value) override { return get("PageCount", value); }
     STDMETHODIMP get_DfPrintAllPages(VARIANT_BOOL* value) override { return get("DfPrintAllPages", value); }
     STDMETHODIMP put_DfPrintAllPages(VARIANT_BOOL value) override { return put("DfPrintAllPages", value); }
-    STDMETHODIMP get_DfPrintPaperSize(::vlPaperSize* value) override { return get("DfPrintPaperSize", value); }
+    STDMETHODIMP get_DfPrintPaperSize(::vlPaperSize* value) override {
+        return get("DfPrintPaperSize", value);
+    }
     STDMETHODIMP put_DfPrintPaperSize(::vlPaperSize value) override { return put("DfPrintPaperSize", value); }
     STDMETHODIMP get_PrintPageNumStyle(SHORT* value) override { return get("PrintPageNumStyle", value); }
     STDMETHODIMP put_PrintPageNumStyle(SHORT value) override { return put("PrintPageNumStyle", value); }
@@ -67,8 +69,12 @@ public:
     STDMETHODIMP put_MinLogLevel(LONG value) override { return put("MinLogLevel", value); }
     STDMETHODIMP get_LogFileName(BSTR* value) override { return get("LogFileName", value); }
     STDMETHODIMP put_LogFileName(BSTR value) override { return put("LogFileName", value); }
-    STDMETHODIMP get_BookmarkAvailable(VARIANT_BOOL* value) override { return get("BookmarkAvailable", value); }
-    STDMETHODIMP put_BookmarkAvailable(VARIANT_BOOL value) override { return put("BookmarkAvailable", value); }
+    STDMETHODIMP get_BookmarkAvailable(VARIANT_BOOL* value) override {
+        return get("BookmarkAvailable", value);
+    }
+    STDMETHODIMP put_BookmarkAvailable(VARIANT_BOOL value) override {
+        return put("BookmarkAvailable", value);
+    }
     STDMETHODIMP get_BackColor(OLE_COLOR* value) override { return get("BackColor", value); }
     STDMETHODIMP put_BackColor(OLE_COLOR value) override { return put("BackColor", value); }
     STDMETHODIMP get_ForeColor(OLE_COLOR* value) override { return get("ForeColor", value); }

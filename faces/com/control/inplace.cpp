@@ -37,8 +37,7 @@ HRESULT InPlace::enter(IOleInPlaceSite& site) {
     OLEINPLACEFRAMEINFO info{};
     info.cb = sizeof info;
     site.GetWindow(&parent);
-    HRESULT result =
-        site.GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
+    HRESULT result = site.GetWindowContext(frame_.receive(), document_.receive(), &place, &clip, &info);
     if (SUCCEEDED(result) && parent && client_.createWindow(parent, place)) {
         if (isActive())
             client_.setPlace(place, clip);

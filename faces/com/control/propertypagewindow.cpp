@@ -65,7 +65,8 @@ constexpr int FirstId = 100;
 
 /// A dialog without items; its fields are made by the table of rows.
 struct Template {
-    DLGTEMPLATE head{WS_CHILD | DS_CONTROL | DS_SETFONT, WS_EX_CONTROLPARENT, 0, 0, 0, unit::Width, unit::Height};
+    DLGTEMPLATE head{
+        WS_CHILD | DS_CONTROL | DS_SETFONT, WS_EX_CONTROLPARENT, 0, 0, 0, unit::Width, unit::Height};
     WORD menu = 0;
     WORD windowClass = 0;
     WORD title = 0;
@@ -93,9 +94,8 @@ void letValue(IDispatch& object, const char* property, Variant value) {
     DISPID put = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{value.get(), &put, 1, 1};
     EXCEPINFO exception{};
-    const HRESULT result =
-        object.Invoke(idOf(object, property), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT,
-                      &parameters, nullptr, &exception, nullptr);
+    const HRESULT result = object.Invoke(idOf(object, property), IID_NULL, LOCALE_USER_DEFAULT,
+                                         DISPATCH_PROPERTYPUT, &parameters, nullptr, &exception, nullptr);
     const std::string described = pixmo::com::textOf(exception.bstrDescription);
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);
@@ -110,8 +110,8 @@ void letValue(IDispatch& object, const char* property, Variant value) {
 SIZE PropertyPageWindow::size() {
     RECT area{0, 0, unit::Width, unit::Height};
     const Template dialog;
-    const HWND probe = CreateDialogIndirectParamW(module::instance(), &dialog.head, GetDesktopWindow(),
-                                                  nullptr, 0);
+    const HWND probe =
+        CreateDialogIndirectParamW(module::instance(), &dialog.head, GetDesktopWindow(), nullptr, 0);
     MapDialogRect(probe, &area);
     DestroyWindow(probe);
     return {area.right, area.bottom};
@@ -164,11 +164,10 @@ RECT PropertyPageWindow::place(int left, int top, int width, int height) const {
 
 HWND PropertyPageWindow::child(const wchar_t* kind, const wchar_t* text, DWORD style, const RECT& place,
                                int id) const {
-    const HWND made =
-        CreateWindowExW(std::wstring_view(kind) == WC_EDITW ? WS_EX_CLIENTEDGE : 0, kind, text,
-                        WS_CHILD | WS_VISIBLE | style, place.left, place.top, place.right - place.left,
-                        place.bottom - place.top, window_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                        module::instance(), nullptr);
+    const HWND made = CreateWindowExW(
+        std::wstring_view(kind) == WC_EDITW ? WS_EX_CLIENTEDGE : 0, kind, text, WS_CHILD | WS_VISIBLE | style,
+        place.left, place.top, place.right - place.left, place.bottom - place.top, window_,
+        reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), module::instance(), nullptr);
     SendMessageW(made, WM_SETFONT, static_cast<WPARAM>(SendMessageW(window_, WM_GETFONT, 0, 0)), FALSE);
     return made;
 }

@@ -15,7 +15,8 @@ STDMETHODIMP QuickActivatePart::QuickActivate(QACONTAINER* container, QACONTROL*
         control->cbSize = size;
         context_.setClientSite(ComPtr<IOleClientSite>(container->pClientSite));
         if (container->pAdviseSink)
-            context_.observers().adviseView(DVASPECT_CONTENT, 0, queryFor<IAdviseSink>(container->pAdviseSink).get());
+            context_.observers().adviseView(DVASPECT_CONTENT, 0,
+                                            queryFor<IAdviseSink>(container->pAdviseSink).get());
         connect(DIID_IImageViewEvents, container->pUnkEventSink, control->dwEventCookie);
         connect(IID_IPropertyNotifySink, container->pPropertyNotifySink, control->dwPropNotifyCookie);
         control->dwMiscStatus = ControlStatus;

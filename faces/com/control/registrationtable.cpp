@@ -50,8 +50,8 @@ void addControl(Rows& rows, const std::wstring& key, const std::wstring& module)
     rows.push_back({key + L"\\MiscStatus\\1", L"", std::to_wstring(ControlStatus)});
     rows.push_back({key + L"\\ToolboxBitmap32", L"", module + L", " + std::to_wstring(ToolboxBitmap)});
     rows.push_back({key + L"\\TypeLib", L"", textOf(LIBID_VellaneInet2)});
-    rows.push_back(
-        {key + L"\\Version", L"", std::to_wstring(TypeLibraryMajor) + L"." + std::to_wstring(TypeLibraryMinor)});
+    rows.push_back({key + L"\\Version", L"",
+                    std::to_wstring(TypeLibraryMajor) + L"." + std::to_wstring(TypeLibraryMinor)});
     rows.push_back({key + L"\\verb", L"", L"", false});
     rows.push_back({key + L"\\verb\\-7", L"", L"&Properties,0,2"});
 }

@@ -17,9 +17,7 @@ public:
     /// `mask` says which of the options are told.
     void tell(DWORD mask, DWORD options) { told_ = (told_.value_or(0) & ~mask) | (options & mask); }
 
-    bool mayReachFiles(bool isPlaced, bool isPage) const {
-        return told_ ? *told_ == 0 : isPlaced && !isPage;
-    }
+    bool mayReachFiles(bool isPlaced, bool isPage) const { return told_ ? *told_ == 0 : isPlaced && !isPage; }
 
 private:
     std::optional<DWORD> told_;
