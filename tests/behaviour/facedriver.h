@@ -125,6 +125,10 @@ public:
     /// Of the control, device-independent pixels.
     virtual void resize(int32_t width, int32_t height) = 0;
     virtual void answerEvents(const HostAnswers& answers) = 0;
+    /// A command that a host's own menu gives, by its key: "ZOOMIN".
+    virtual void command(const std::string& key) = 0;
+    /// How many milliseconds a transfer may be silent before it is given up.
+    virtual void setStallTimeout(int milliseconds) = 0;
     /// Events so far and forgets them: "PageChanged 1001 3", "KeyDown 34 0", "KeyPress 97", "Click",
     /// "PrintJobBegin 2 1001". Keys that reach the host's window because the control has no use for them:
     /// "HostKey 65 0".
