@@ -4,7 +4,7 @@
 
 namespace pixmo::qt {
 
-/// A line drawing of that toolbar key in the palette's colours; empty for an unknown key.
+/// The icon of that command in the palette's colours, sharp in every size; empty for an unknown key.
 QIcon commandIcon(const QString& key);
 
 } // namespace pixmo::qt
