@@ -84,8 +84,8 @@ std::vector<uint8_t> encodeFax4(std::span<const uint8_t> rows, int32_t width, in
     const auto size = static_cast<tmsize_t>(rowSize * static_cast<size_t>(height));
     if (TIFFWriteEncodedStrip(tiff.get(), 0, source, size) != size || TIFFFlushData(tiff.get()) == 0)
         return {};
-    const size_t offset = TIFFGetStrileOffset(tiff.get(), 0);
-    const size_t count = TIFFGetStrileByteCount(tiff.get(), 0);
+    const uint64_t offset = TIFFGetStrileOffset(tiff.get(), 0);
+    const uint64_t count = TIFFGetStrileByteCount(tiff.get(), 0);
     if (count == 0 || offset + count > file.bytes.size())
         return {};
     const auto begin = file.bytes.begin() + static_cast<std::ptrdiff_t>(offset);
