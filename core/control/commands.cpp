@@ -100,6 +100,11 @@ bool Commands::isForbidden(std::string_view key) const {
     return forbidden_.contains(key);
 }
 
+bool Commands::isOffered(std::string_view key) const {
+    const bool hostDecides = key == "THUMBS" || key == "STAR";
+    return !isForbidden(key) && (!hostDecides || commandBar_.tlbImage().find(key));
+}
+
 bool Commands::isEnabled(std::string_view key) const {
     const CommandRow* row = find(key);
     return row && !isForbidden(key) && row->enabled(facts());

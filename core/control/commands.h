@@ -58,11 +58,15 @@ public:
     /// Asked to forbid a command, all ways to give it vanish.
     void setForbidden(std::string_view key, bool forbidden);
     bool isForbidden(std::string_view key) const;
+    /// Not forbidden, and its button is there where the host decides on the button.
+    bool isOffered(std::string_view key) const;
     bool isEnabled(std::string_view key) const;
     bool isChecked(std::string_view key) const;
     /// Nothing happens while the command is disabled or forbidden.
     void run(std::string_view key);
     void tlbImage_ButtonClick(const ToolButton& button);
+    /// The keys that give the command, like "Ctrl+Shift+H"; "" for none.
+    static std::string shortcutOf(std::string_view key);
     /// A key of the image area; shift is the sum of 1 Shift, 2 Ctrl, 4 Alt. Whether the key means something.
     bool lvwImage_KeyDown(int16_t keyCode, int16_t shift);
 
@@ -77,6 +81,8 @@ public:
     bool debugShown = false;
     bool canPrint = false;      ///< whether a printer can be asked for
     bool canShowThumbs = false; ///< whether there is a window for thumbnails
+    bool toolbarShown = true;   ///< as the host wants it
+    bool menusShown = true;     ///< as the host wants it
     Event<> ToolbarStyleChanged;
     Event<> ThumbnailsRequested;
     Event<bool> PrintRequested; ///< whether the print dialog is to be shown

@@ -1,5 +1,6 @@
 #include "core/control/commands.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -10,19 +11,12 @@ namespace pixmo {
 namespace {
 
 /// Which state of Shift, Ctrl and Alt a row is for.
-enum class With : uint8_t { CtrlAltShift, Shift, CtrlShift, AnyOther };
+enum class With : int16_t { Shift = 1, Ctrl = 2, CtrlShift = 3, CtrlAltShift = 7, AnyOther = -1 };
 
-With stateOf(int16_t shift) {
-    switch (shift) {
-    case 7:
-        return With::CtrlAltShift;
-    case 1:
-        return With::Shift;
-    case 3:
-        return With::CtrlShift;
-    default:
-        return With::AnyOther;
-    }
+bool isMeant(With with, int16_t shift) {
+    if (with == With::AnyOther)
+        return shift != 1 && shift != 3 && shift != 7;
+    return static_cast<int16_t>(with) == shift;
 }
 
 /// Virtual-key codes.
@@ -37,6 +31,28 @@ constexpr int16_t Right = 0x27;
 constexpr int16_t Down = 0x28;
 } // namespace key
 
+std::string prefixOf(With with) {
+    switch (with) {
+    case With::Shift:
+        return "Shift+";
+    case With::Ctrl:
+        return "Ctrl+";
+    case With::CtrlShift:
+        return "Ctrl+Shift+";
+    case With::CtrlAltShift:
+        return "Ctrl+Alt+Shift+";
+    default:
+        return {};
+    }
+}
+
+std::string nameOf(int16_t keyCode) {
+    constexpr std::array<const char*, 8> names = {"Page Up", "Page Down", "End",   "Home",
+                                                  "Left",    "Up",        "Right", "Down"};
+    const auto index = static_cast<size_t>(keyCode - key::PageUp);
+    return index < names.size() ? names[index] : std::string(1, static_cast<char>(keyCode));
+}
+
 constexpr double ScrollStep = 30; ///< device-independent pixels
 
 } // namespace
@@ -46,11 +62,12 @@ struct KeyTable {
     struct Row {
         With with;
         int16_t keyCode;
+        std::string_view command; ///< "" for what is no command of its own
         void (*act)(Commands&);
     };
 
     /// As the button does it, so that a disabled one does nothing.
-    static void click(Commands& c, std::string_view key) {
+    static void click(C& c, std::string_view key) {
         if (const ToolButton* button = c.commandBar_.tlbImage().find(key))
             c.tlbImage_ButtonClick(ToolButton(*button));
     }
@@ -63,41 +80,56 @@ struct KeyTable {
         c.tellDebugging("Shift+T");
     }
 
-    static constexpr std::array<Row, 22> Rows = {{
-        {With::CtrlAltShift, 'D', debugWithCtrl},
-        {With::CtrlAltShift, 'T', [](C& c) { c.run("SHOWLOG"); }},
-        {With::CtrlAltShift, 'C', [](C& c) { c.run("CLEARDEBUG"); }},
-        {With::Shift, 'D', debugWithShift},
-        {With::Shift, 'T', [](C& c) { c.run("SHOWLOG"); }},
-        {With::Shift, 'C', [](C& c) { c.run("CLEARDEBUG"); }},
-        {With::Shift, key::Up, [](C& c) { c.scrollTo(false, false); }},
-        {With::Shift, key::Left, [](C& c) { c.scrollTo(true, false); }},
-        {With::Shift, key::Down, [](C& c) { c.scrollTo(false, true); }},
-        {With::Shift, key::Right, [](C& c) { c.scrollTo(true, true); }},
-        {With::CtrlShift, 'G', [](C& c) { c.run("GRAYSCALE"); }},
-        {With::CtrlShift, 'H', [](C& c) { c.run("FITHEIGHT"); }},
-        {With::CtrlShift, 'P', [](C& c) { c.run("PRINT"); }},
-        {With::CtrlShift, 'W', [](C& c) { c.run("FITWIDTH"); }},
-        {With::AnyOther, key::Up, [](C& c) { c.scrollStep(0, -1); }},
-        {With::AnyOther, key::Down, [](C& c) { c.scrollStep(0, 1); }},
-        {With::AnyOther, key::Left, [](C& c) { c.scrollStep(-1, 0); }},
-        {With::AnyOther, key::Right, [](C& c) { c.scrollStep(1, 0); }},
-        {With::AnyOther, key::PageUp, [](C& c) { click(c, "PAGEPREV"); }},
-        {With::AnyOther, key::PageDown, [](C& c) { click(c, "PAGENEXT"); }},
-        {With::AnyOther, key::Home, [](C& c) { c.run("PAGEFIRST"); }},
-        {With::AnyOther, key::End, [](C& c) { c.run("PAGELAST"); }},
+    static constexpr std::array<Row, 24> Rows = {{
+        {With::CtrlAltShift, 'D', "DEBUG", debugWithCtrl},
+        {With::CtrlAltShift, 'T', "SHOWLOG", nullptr},
+        {With::CtrlAltShift, 'C', "CLEARDEBUG", nullptr},
+        {With::Shift, 'D', "DEBUG", debugWithShift},
+        {With::Shift, 'T', "SHOWLOG", nullptr},
+        {With::Shift, 'C', "CLEARDEBUG", nullptr},
+        {With::Shift, key::Up, "", [](C& c) { c.scrollTo(false, false); }},
+        {With::Shift, key::Left, "", [](C& c) { c.scrollTo(true, false); }},
+        {With::Shift, key::Down, "", [](C& c) { c.scrollTo(false, true); }},
+        {With::Shift, key::Right, "", [](C& c) { c.scrollTo(true, true); }},
+        {With::CtrlShift, 'G', "GRAYSCALE", nullptr},
+        {With::CtrlShift, 'H', "FITHEIGHT", nullptr},
+        {With::CtrlShift, 'P', "PRINT", nullptr},
+        {With::CtrlShift, 'W', "FITWIDTH", nullptr},
+        {With::Ctrl, 'C', "COPY", nullptr},
+        {With::Ctrl, 'S', "SAVEPAGE", nullptr},
+        {With::AnyOther, key::Up, "", [](C& c) { c.scrollStep(0, -1); }},
+        {With::AnyOther, key::Down, "", [](C& c) { c.scrollStep(0, 1); }},
+        {With::AnyOther, key::Left, "", [](C& c) { c.scrollStep(-1, 0); }},
+        {With::AnyOther, key::Right, "", [](C& c) { c.scrollStep(1, 0); }},
+        {With::AnyOther, key::PageUp, "PAGEPREV", [](C& c) { click(c, "PAGEPREV"); }},
+        {With::AnyOther, key::PageDown, "PAGENEXT", [](C& c) { click(c, "PAGENEXT"); }},
+        {With::AnyOther, key::Home, "PAGEFIRST", nullptr},
+        {With::AnyOther, key::End, "PAGELAST", nullptr},
     }};
+
+    static void act(C& c, const Row& row) {
+        if (row.act)
+            row.act(c);
+        else
+            c.run(row.command);
+    }
 };
 
 bool Commands::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
-    const With with = stateOf(shift);
     for (const KeyTable::Row& row : KeyTable::Rows) {
-        if (row.with != with || row.keyCode != keyCode)
+        if (row.keyCode != keyCode || !isMeant(row.with, shift) || isForbidden(row.command))
             continue;
-        parts_.procedure("lvwImage_KeyDown").step([&] { row.act(*this); });
+        parts_.procedure("lvwImage_KeyDown").step([&] { KeyTable::act(*this, row); });
         return true;
     }
     return false;
+}
+
+std::string Commands::shortcutOf(std::string_view key) {
+    const auto& rows = KeyTable::Rows;
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [key](const KeyTable::Row& each) { return each.command == key; });
+    return row == rows.end() || key.empty() ? std::string() : prefixOf(row->with) + nameOf(row->keyCode);
 }
 
 void Commands::scrollTo(bool horizontal, bool toEnd) {

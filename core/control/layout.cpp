@@ -25,8 +25,10 @@ ControlLayout layOut(const LayoutMeasures& m) {
     layout.debug = {0, toolbarHeight + layout.view.height, width, debugHeight};
     const int32_t readOutWidth = std::min(m.readOutWidth, width);
     layout.readOut = {0, statusTop, readOutWidth, statusHeight};
-    const int32_t progressWidth = std::clamp(width - readOutWidth - 2 * Gap, 0, m.progressWidth);
-    layout.progress = {width - progressWidth, statusTop, progressWidth, statusHeight};
+    const int32_t zoomWidth = std::min(m.zoomWidth, width - readOutWidth);
+    layout.zoom = {width - zoomWidth, statusTop, zoomWidth, statusHeight};
+    const int32_t progressWidth = std::clamp(layout.zoom.left - readOutWidth - 2 * Gap, 0, m.progressWidth);
+    layout.progress = {layout.zoom.left - progressWidth, statusTop, progressWidth, statusHeight};
     const int32_t statusLeft = readOutWidth + Gap;
     layout.status = {statusLeft, statusTop,
                      std::max(0, layout.progress.left - (progressWidth > 0 ? Gap : 0) - statusLeft),

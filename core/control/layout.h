@@ -21,6 +21,7 @@ struct LayoutMeasures {
     int32_t readOutWidth = 0;  ///< of the text of `txtPage`
     int32_t statusHeight = 0;  ///< of one line of text with its margins; 0 hides the status line
     int32_t progressWidth = 0; ///< 0 hides the progress bar
+    int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
     bool debugShown = false;
 };
 
@@ -32,10 +33,12 @@ struct ControlLayout {
     Box readOut;
     Box status;
     Box progress;
+    Box zoom;
 };
 
-/// The toolbar on top, the status line with the page read-out at the bottom, the view between them. The
-/// view keeps no less than nothing; what does not fit is cut from the bottom up.
+/// The toolbar on top, the status line at the bottom, the view between them. The status line has the page
+/// read-out at its left end and the zoom at its right end. The view keeps no less than nothing; what does not
+/// fit is cut from the bottom up.
 ControlLayout layOut(const LayoutMeasures& measures);
 
 } // namespace pixmo

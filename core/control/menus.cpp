@@ -39,6 +39,7 @@ MenuItem itemOf(const Row& row, const Commands& commands) {
     item.name = row.name;
     item.key = row.key;
     item.text = command.text;
+    item.shortcut = Commands::shortcutOf(row.key);
     item.enabled = commands.isEnabled(row.key);
     item.checkable = command.checked != nullptr;
     item.checked = commands.isChecked(row.key);
@@ -52,13 +53,15 @@ bool isThere(const Row& row, const Commands& commands) {
 
 std::vector<MenuItem> menuOf(std::span<const Row> rows, const Commands& commands) {
     std::vector<MenuItem> items;
+    if (!commands.menusShown)
+        return items;
     const Row* separator = nullptr;
     for (const Row& row : rows) {
         if (!row.key) {
             separator = items.empty() ? nullptr : &row;
         } else if (isThere(row, commands)) {
             if (separator) {
-                items.push_back({separator->name, {}, {}, true, false, false, false});
+                items.push_back({separator->name, {}, {}, {}, true, false, false, false});
                 separator = nullptr;
             }
             items.push_back(itemOf(row, commands));

@@ -29,7 +29,7 @@ void CommandActions::mirror(const pixmo::ImageView& control) const {
     for (const CommandRow& row : Commands::table()) {
         QAction& action = *actions_.value(keyOf(row));
         action.setEnabled(commands.isEnabled(row.key));
-        action.setVisible(!commands.isForbidden(row.key));
+        action.setVisible(commands.isOffered(row.key));
         if (action.isCheckable())
             action.setChecked(commands.isChecked(row.key));
     }

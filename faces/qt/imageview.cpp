@@ -41,6 +41,15 @@ void ImageView::setCommandForbidden(const QString& key, bool forbidden) {
     d_->setForbidden(key.toStdString(), forbidden);
 }
 
+void ImageView::setToolbarShown(bool shown) {
+    d_->control()->commands().toolbarShown = shown;
+    d_->relayout(false);
+}
+
+void ImageView::setMenusShown(bool shown) {
+    d_->control()->commands().menusShown = shown;
+}
+
 QString ImageView::readOut() const {
     return toQt(d_->control()->txtPage());
 }

@@ -176,6 +176,10 @@ public:
     QAction* action(const QString& key) const;
     /// A forbidden command vanishes from toolbar, menus and keys.
     void setCommandForbidden(const QString& key, bool forbidden);
+    /// The row of buttons on top; shown at first. Its commands can be given by menus and keys all the same.
+    void setToolbarShown(bool shown);
+    /// The menus of the right mouse button; shown at first.
+    void setMenusShown(bool shown);
     /// "Page 3 of 12"
     QString readOut() const;
     /// What the view shows in place of the page while the page is not there; "" when it is.

@@ -99,6 +99,10 @@ void ImageViewPrivate::connectEvents() {
         if (link->widget)
             showInterface();
     });
+    control_->lvrImage().Changed.connect([this, link = link_] {
+        if (link->widget && status_.mirrorZoom(*control_))
+            relayout(false);
+    });
 }
 
 void ImageViewPrivate::connectPrintEvents() {
@@ -182,7 +186,7 @@ void ImageViewPrivate::relayout(bool resized) {
     LayoutMeasures measures;
     measures.width = widget_.width() - 2 * border;
     measures.height = widget_.height() - 2 * border;
-    measures.toolbarHeight = toolbar_->sizeHint().height();
+    measures.toolbarHeight = toolbarHeight();
     measures.debugShown = control_->commands().debugShown;
     status_.measure(measures);
     const ControlLayout layout = layOut(measures);
@@ -190,6 +194,7 @@ void ImageViewPrivate::relayout(bool resized) {
         return QRect(box.left + border, box.top + border, box.width, box.height);
     };
     toolbar_->setGeometry(place(layout.toolbar));
+    toolbar_->setVisible(layout.toolbar.height > 0);
     debug_->setGeometry(place(layout.debug));
     status_.place(layout, {border, border});
     const QRect viewPlace = place(layout.view);
@@ -201,7 +206,11 @@ void ImageViewPrivate::relayout(bool resized) {
 int ImageViewPrivate::barsHeight() const {
     LayoutMeasures measures;
     status_.measure(measures);
-    return toolbar_->sizeHint().height() + measures.statusHeight;
+    return toolbarHeight() + measures.statusHeight;
+}
+
+int ImageViewPrivate::toolbarHeight() const {
+    return control_->commands().toolbarShown ? toolbar_->sizeHint().height() : 0;
 }
 
 // A page number beyond the field that the server knows is the last that fits.

@@ -58,6 +58,7 @@ public:
     void applyColours();
     /// Of toolbar and status line together.
     int barsHeight() const;
+    int toolbarHeight() const;
     void load(int32_t docID, int32_t page);
     int printToFile(const QString& file, const QList<short>& pages, bool fullSize);
 

@@ -1,5 +1,6 @@
 #include "faces/qt/popupmenu.h"
 
+#include "faces/qt/commandicon.h"
 #include "faces/qt/texts.h"
 
 #include <QMenu>
@@ -18,7 +19,10 @@ void popUp(const std::vector<MenuItem>& items, QPoint place, QWidget* parent,
             menu->addSeparator();
             continue;
         }
-        QAction* const action = menu->addAction(toQt(item.text));
+        QAction* const action = menu->addAction(
+            // A check mark would hide behind an icon.
+            item.checkable ? QIcon() : commandIcon(toQt(item.key)),
+            toQt(item.shortcut.empty() ? item.text : item.text + '\t' + item.shortcut));
         action->setEnabled(item.enabled);
         action->setCheckable(item.checkable);
         action->setChecked(item.checked);

@@ -33,16 +33,19 @@ QLabel* plainLabel(QWidget& parent, const QString& name) {
 
 StatusRow::StatusRow(QWidget& parent)
     : readOut_(plainLabel(parent, tr("Page number"))), status_(plainLabel(parent, tr("Status"))),
-      progress_(new QProgressBar(&parent)) {
+      progress_(new QProgressBar(&parent)), zoom_(plainLabel(parent, tr("Zoom"))) {
     readOut_->setIndent(TextMargin);
     progress_->setTextVisible(false);
     progress_->setRange(0, 100);
     progress_->setAccessibleName(tr("Progress of the transfer"));
     progress_->hide();
+    zoom_->setIndent(TextMargin);
+    zoom_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void StatusRow::mirror(const pixmo::ImageView& control) {
     readOut_->setText(toQt(control.txtPage()));
+    mirrorZoom(control);
     statusText_ = linesToQt(control.statusText()).replace(QLatin1Char('\n'), QLatin1Char(' '));
     const int percent = control.progressPercent();
     progressShown_ = percent >= 0;
@@ -50,9 +53,21 @@ void StatusRow::mirror(const pixmo::ImageView& control) {
     showStatus();
 }
 
+bool StatusRow::mirrorZoom(const pixmo::ImageView& control) {
+    const QString zoom = toQt(control.zoomText());
+    if (zoom_->text() == zoom)
+        return false;
+    zoom_->setText(zoom);
+    return true;
+}
+
 void StatusRow::measure(LayoutMeasures& measures) const {
     const QFontMetrics metrics = readOut_->fontMetrics();
-    measures.readOutWidth = metrics.horizontalAdvance(readOut_->text()) + 2 * TextMargin;
+    const auto widthOf = [&metrics](const QLabel& label) {
+        return label.text().isEmpty() ? 0 : metrics.horizontalAdvance(label.text()) + 2 * TextMargin;
+    };
+    measures.readOutWidth = widthOf(*readOut_);
+    measures.zoomWidth = widthOf(*zoom_);
     measures.statusHeight = metrics.height() + 2 * RowMargin;
     measures.progressWidth = progressShown_ ? ProgressWidth : 0;
 }
@@ -60,6 +75,7 @@ void StatusRow::measure(LayoutMeasures& measures) const {
 void StatusRow::place(const ControlLayout& layout, QPoint origin) {
     readOut_->setGeometry(rect(layout.readOut, origin));
     status_->setGeometry(rect(layout.status, origin));
+    zoom_->setGeometry(rect(layout.zoom, origin));
     const QRect room = rect(layout.progress, origin);
     const int height = qMin(ProgressHeight, room.height());
     progress_->setGeometry(room.left(), room.top() + (room.height() - height) / 2,

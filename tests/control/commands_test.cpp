@@ -88,7 +88,7 @@ TEST_F(CommandsTest, ForbiddenCommandsVanishEverywhere) {
     view().commands().setForbidden("GRAYSCALE", true);
     EXPECT_FALSE(view().tlbImage().find("ROTR")->Visible);
     EXPECT_THAT(menu(view().lvrImage_RightClick()), testing::Not(testing::HasSubstr("mnuPopupGrayscale")));
-    press('G', 3);
+    EXPECT_FALSE(press('G', 3)) << "left to the host";
     EXPECT_TRUE(view().menuChecks().mnuPopupGrayscale);
     view().tlbImage_ButtonClick("ROTR");
     view().runCommand("ROTR");
@@ -96,6 +96,15 @@ TEST_F(CommandsTest, ForbiddenCommandsVanishEverywhere) {
     view().commands().setForbidden("ROTR", false);
     view().runCommand("ROTR");
     EXPECT_EQ(picture().raster().width, 3300);
+}
+
+TEST_F(CommandsTest, TheHostDecidesOnMenusAndItsOwnButtons) {
+    open();
+    EXPECT_FALSE(view().commands().isOffered("STAR"));
+    view().setProperty("BookmarkAvailable", true);
+    EXPECT_TRUE(view().commands().isOffered("STAR"));
+    view().commands().menusShown = false;
+    EXPECT_EQ(menu(view().lvrImage_RightClick()) + menu(view().tlbImage_MouseDown()), "");
 }
 
 TEST_F(CommandsTest, Menus) {
@@ -253,7 +262,7 @@ TEST_F(CommandsTest, InformationCopyAndSave) {
                             "Resolution: 300 x 300 dpi\r\nColor Depth: 1 bit per pixel\r\nDocID: 5",
                             "About Pixmo: Version 1.0.0"));
     view().runCommand("ROTL");
-    view().runCommand("COPY");
+    EXPECT_TRUE(press('C', 2));
     ASSERT_EQ(control.clipboard->pictures.size(), 1U);
     EXPECT_EQ(control.clipboard->pictures[0].width, 3300);
     view().runCommand("SAVEPAGE");

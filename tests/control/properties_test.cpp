@@ -176,13 +176,14 @@ TEST(Resize, GrayScaleIsOffUntilTheSizeStays) {
 }
 
 TEST(Layout, ChildrenShareTheControl) {
-    LayoutMeasures measures{800, 600, 40, 90, 20, 120, false};
+    LayoutMeasures measures{800, 600, 40, 90, 20, 120, 50, false};
     ControlLayout layout = layOut(measures);
     EXPECT_EQ(layout.toolbar, (Box{0, 0, 800, 40}));
     EXPECT_EQ(layout.view, (Box{0, 40, 800, 540}));
     EXPECT_EQ(layout.readOut, (Box{0, 580, 90, 20}));
-    EXPECT_EQ(layout.progress, (Box{680, 580, 120, 20}));
-    EXPECT_EQ(layout.status, (Box{96, 580, 578, 20}));
+    EXPECT_EQ(layout.progress, (Box{630, 580, 120, 20}));
+    EXPECT_EQ(layout.status, (Box{96, 580, 528, 20}));
+    EXPECT_EQ(layout.zoom, (Box{750, 580, 50, 20}));
     measures.debugShown = true;
     layout = layOut(measures);
     EXPECT_EQ(layout.view.height + layout.debug.height, 540);
@@ -190,8 +191,8 @@ TEST(Layout, ChildrenShareTheControl) {
     for (const int32_t size : {0, 1, 30, 50, 100}) {
         measures.width = measures.height = size;
         layout = layOut(measures);
-        for (const Box& box :
-             {layout.toolbar, layout.view, layout.debug, layout.readOut, layout.status, layout.progress})
+        for (const Box& box : {layout.toolbar, layout.view, layout.debug, layout.readOut, layout.status,
+                               layout.progress, layout.zoom})
             EXPECT_TRUE(box.width >= 0 && box.height >= 0) << size;
     }
 }
