@@ -9,7 +9,7 @@ struct MenuItem {
     std::string name;     ///< "mnuPopupPan"; of a separator too
     std::string key;      ///< of its command; empty for a separator
     std::string text;     ///< "&" before the mnemonic
-    std::string shortcut; ///< "Ctrl+Shift+P", or ""
+    std::string shortcut; ///< the keys that do the same, like "Ctrl+Shift+H"; may be empty
     bool separator = false;
     bool enabled = false;
     bool checkable = false;

@@ -112,7 +112,7 @@ std::vector<MenuItem> dlgThumbs::viewMenu() const {
     return menuOf(*this, ViewMenuKeys);
 }
 
-std::string dlgThumbs::shortcut(std::string_view key) {
+std::string dlgThumbs::shortcutOf(std::string_view key) {
     const ThumbCommandTable::Row* const row = ThumbCommandTable::find(key);
     return row ? row->shortcut : "";
 }
