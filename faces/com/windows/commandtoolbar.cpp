@@ -139,14 +139,16 @@ void CommandToolbar::addButtons(const Toolbar& toolbar) const {
         entry.iBitmap = separator ? scaled(Padding, look_.dpi) : static_cast<int>(i);
         entry.idCommand = commandOf(i);
         entry.fsState = stateOf(button);
-        entry.fsStyle = static_cast<BYTE>(styleOf(button.Style) | (separator ? 0 : BTNS_AUTOSIZE | BTNS_NOPREFIX));
+        entry.fsStyle =
+            static_cast<BYTE>(styleOf(button.Style) | (separator ? 0 : BTNS_AUTOSIZE | BTNS_NOPREFIX));
         entry.iString = separator ? -1 : reinterpret_cast<INT_PTR>(text.c_str());
         SendMessageW(bar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&entry));
     }
 }
 
 HIMAGELIST CommandToolbar::makeImages(const Toolbar& toolbar, COLORREF colour) const {
-    const HIMAGELIST images = controls_->makeImages(look_.imageSize, static_cast<int>(toolbar.Buttons.size()));
+    const HIMAGELIST images =
+        controls_->makeImages(look_.imageSize, static_cast<int>(toolbar.Buttons.size()));
     for (const ToolButton& button : toolbar.Buttons)
         controls_->addImage(images, makePicture(button.Key, look_.imageSize, colour).get());
     return images;

@@ -59,7 +59,8 @@ CommonControls::Scope::~Scope() {
 
 template <typename Function>
 Function CommonControls::find(const char* name) const {
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(library_ ? GetProcAddress(library_, name) : nullptr));
+    return reinterpret_cast<Function>(
+        reinterpret_cast<void*>(library_ ? GetProcAddress(library_, name) : nullptr));
 }
 
 HIMAGELIST CommonControls::makeImages(int size, int count) const {

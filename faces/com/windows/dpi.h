@@ -6,7 +6,8 @@ namespace pixmo::com {
 
 inline constexpr int UsualDpi = 96;
 
-/// Of the screen that the window is on, as far as its process knows of such differences; nullptr: the desktop's.
+/// Of the screen that the window is on, as far as its process knows of such differences; nullptr: the
+/// desktop's.
 int dpiOf(HWND window);
 
 /// Device-independent pixels in device pixels.

@@ -16,7 +16,8 @@ public:
 
     HMENU handle() const { return handle_; }
     void add(const MenuItem& item, UINT id) const {
-        const UINT state = (item.enabled ? MF_ENABLED : MF_GRAYED) | (item.checked ? MF_CHECKED : MF_UNCHECKED);
+        const UINT state =
+            (item.enabled ? MF_ENABLED : MF_GRAYED) | (item.checked ? MF_CHECKED : MF_UNCHECKED);
         std::string text = item.text;
         if (!item.shortcut.empty())
             text += '\t' + item.shortcut;
@@ -35,8 +36,8 @@ std::string popUp(const std::vector<MenuItem>& items, POINT place, HWND owner) {
     const Menu menu;
     for (size_t i = 0; i < items.size(); ++i)
         menu.add(items[i], static_cast<UINT>(i + 1));
-    const int chosen = TrackPopupMenuEx(menu.handle(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY, place.x,
-                                        place.y, owner, nullptr);
+    const int chosen = TrackPopupMenuEx(menu.handle(), TPM_RETURNCMD | TPM_RIGHTBUTTON | TPM_NONOTIFY,
+                                        place.x, place.y, owner, nullptr);
     return chosen > 0 ? items[static_cast<size_t>(chosen) - 1].key : std::string();
 }
 

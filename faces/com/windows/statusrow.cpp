@@ -53,8 +53,8 @@ StatusRow::StatusRow(HWND parent)
     : readOut_(makeText(parent, SS_LEFT)), status_(makeText(parent, SS_LEFT | SS_NOTIFY)),
       zoom_(makeText(parent, SS_RIGHT)) {
     const CommonControls::Scope scope(*controls_);
-    progress_ = CreateWindowExW(0, PROGRESS_CLASSW, L"Progress of the transfer", WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0,
-                                parent, nullptr, thisModule(), nullptr);
+    progress_ = CreateWindowExW(0, PROGRESS_CLASSW, L"Progress of the transfer", WS_CHILD | PBS_SMOOTH, 0, 0,
+                                0, 0, parent, nullptr, thisModule(), nullptr);
     tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
                            thisModule(), nullptr);
     SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, TipWidth);
@@ -66,8 +66,8 @@ StatusRow::StatusRow(HWND parent)
 HWND StatusRow::makeText(HWND parent, DWORD style) const {
     const CommonControls::Scope scope(*controls_);
     return CreateWindowExW(0, L"STATIC", L"",
-                           WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS | style, 0, 0, 0, 0,
-                           parent, nullptr, thisModule(), nullptr);
+                           WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS | style, 0,
+                           0, 0, 0, parent, nullptr, thisModule(), nullptr);
 }
 
 void StatusRow::mirror(const ImageView& control) {
@@ -77,9 +77,15 @@ void StatusRow::mirror(const ImageView& control) {
         showText(status_, statusText_, std::move(text));
         showTip();
     }
-    showText(zoom_, zoomText_, toWide(control.zoomText()));
+    mirrorZoom(control);
     progressPercent_ = control.progressPercent();
     SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(std::max(progressPercent_, 0)), 0);
+}
+
+bool StatusRow::mirrorZoom(const ImageView& control) {
+    const size_t before = zoomText_.size();
+    showText(zoom_, zoomText_, toWide(control.zoomText()));
+    return zoomText_.size() != before;
 }
 
 void StatusRow::setFont(HFONT font, int dpi) {
@@ -97,22 +103,21 @@ void StatusRow::measure(LayoutMeasures& measures) const {
     measures.gap = scaled(measures.gap, dpi_);
     if (progressPercent_ >= 0)
         measures.progressWidth = scaled(ProgressWidth, dpi_);
-    else if (!zoomText_.empty())
-        measures.progressWidth = textSize(font_, zoomText_).cx + margins;
+    if (!zoomText_.empty())
+        measures.zoomWidth = textSize(font_, zoomText_).cx + margins;
 }
 
 void StatusRow::place(const ControlLayout& layout, POINT origin) {
     const int margin = scaled(TextMargin, dpi_);
     move(readOut_, layout.readOut, origin, margin);
     move(status_, layout.status, origin, 0);
-    move(zoom_, layout.progress, origin, margin);
+    move(zoom_, layout.zoom, origin, margin);
     Box bar = layout.progress;
     bar.height = std::min(scaled(ProgressHeight, dpi_), layout.progress.height);
     bar.top += (layout.progress.height - bar.height) / 2;
     move(progress_, bar, origin, margin);
     const bool progress = progressPercent_ >= 0 && bar.width > 2 * margin;
     ShowWindow(progress_, progress ? SW_SHOWNA : SW_HIDE);
-    ShowWindow(zoom_, progress ? SW_HIDE : SW_SHOWNA);
     showTip();
 }
 

@@ -10,14 +10,15 @@
 
 namespace pixmo::com {
 
-/// The row below the page: read-out, status text, and at its end the progress of a transfer or, while there
-/// is none, the zoom.
+/// The row below the page: read-out, status text, progress and zoom.
 class StatusRow {
 public:
     /// The children belong to the parent.
     explicit StatusRow(HWND parent);
 
     void mirror(const ImageView& control);
+    /// Whether the zoom now needs another width; then the row is laid out anew.
+    bool mirrorZoom(const ImageView& control);
     /// nullptr: the system's own font.
     void setFont(HFONT font, int dpi);
     void measure(LayoutMeasures& measures) const;

@@ -69,8 +69,7 @@ bool Window::make(const Kind& kind, const Making& making) {
 }
 
 Window* Window::attach(HWND handle, LPARAM lParam) {
-    auto* const window =
-        static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+    auto* const window = static_cast<Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
     SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(window));
     window->handle_ = handle;
     return window;
