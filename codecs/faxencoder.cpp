@@ -70,19 +70,21 @@ bool describe(TIFF* tiff, int32_t width, int32_t height) {
 
 } // namespace
 
-std::vector<uint8_t> encodeFax4(std::span<const uint8_t> rows, int32_t width, int32_t height) {
-    const size_t rowSize = (static_cast<size_t>(std::max(width, 0)) + 7) / 8;
-    if (width <= 0 || height <= 0 || rows.size() < rowSize * static_cast<size_t>(height))
+std::vector<uint8_t> encodeFax4(const Raster& picture) {
+    if (picture.empty() || picture.format != PixelFormat::Bilevel)
         return {};
     MemoryFile file;
     const std::unique_ptr<TIFF, Closer> tiff(
         TIFFClientOpen("fax", "wm", &file, readBytes, writeBytes, seek, closeFile, sizeOf, nullptr, nullptr));
-    if (!tiff || !describe(tiff.get(), width, height))
+    if (!tiff || !describe(tiff.get(), picture.width, picture.height))
         return {};
-    // The library does not change what it encodes, but does not say so.
-    auto* const source = const_cast<uint8_t*>(rows.data());
-    const auto size = static_cast<tmsize_t>(rowSize * static_cast<size_t>(height));
-    if (TIFFWriteEncodedStrip(tiff.get(), 0, source, size) != size || TIFFFlushData(tiff.get()) == 0)
+    for (int32_t y = 0; y < picture.height; ++y) {
+        // The library does not change what it encodes, but does not say so.
+        auto* const row = const_cast<uint8_t*>(picture.row(y).data());
+        if (TIFFWriteScanline(tiff.get(), row, static_cast<uint32_t>(y), 0) != 1)
+            return {};
+    }
+    if (TIFFFlushData(tiff.get()) == 0)
         return {};
     const uint64_t offset = TIFFGetStrileOffset(tiff.get(), 0);
     const uint64_t count = TIFFGetStrileByteCount(tiff.get(), 0);

@@ -5,9 +5,6 @@ add_compile_options(-fno-omit-frame-pointer "-ffile-prefix-map=${CMAKE_SOURCE_DI
 add_link_options(-static -Wl,--no-insert-timestamp)
 # Position independent code is what Windows has anyway.
 set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
-if(PIXMO_TRAPS)
-    # Backtraces of a crash name function and line.
-    add_compile_options(-gdwarf-4 -g1)
-else()
+if(NOT PIXMO_TRAPS)
     add_link_options(-s)
 endif()

@@ -37,6 +37,18 @@ Rectangle outward(const RealRectangle& part) {
             static_cast<int32_t>(std::ceil(part.top + part.height)) - top};
 }
 
+/// True while it lives.
+class Flag {
+public:
+    explicit Flag(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Flag() { flag_ = false; }
+    Flag(const Flag&) = delete;
+    Flag& operator=(const Flag&) = delete;
+
+private:
+    bool& flag_;
+};
+
 } // namespace
 
 PrintJob::PrintJob(ControlParts& parts, Session& session, Commands& commands)
@@ -47,7 +59,7 @@ PrintJob::PrintJob(ControlParts& parts, Session& session, Commands& commands)
 PrintJob::~PrintJob() = default;
 
 bool PrintJob::isPossible() const {
-    return parts_.ports.printers && !parts_.printing.running && !parts_.ended() &&
+    return parts_.ports.printers && !parts_.printing.running && !asking_ && !parts_.ended() &&
            parts_.session.currentDocument != 0;
 }
 
@@ -67,18 +79,25 @@ void PrintJob::imgPrintPages() {
         return;
     document_ = parts_.session.currentDocument;
     parts_.procedure("imgPrintPages").step([this] {
-        printer_ = std::make_unique<cPrinter>(*parts_.ports.printers);
-        dlgPrint dialog(parts_.errors, *parts_.ports.messageBox, *parts_.ports.settings);
-        fillDialog(dialog);
-        const auto choice = [&dialog] {
-            return Choice{dialog.PrintPages(), dialog.PrintScale(), dialog.Copies()};
-        };
-        dialog.PreviewRequested.connect([&] { showPreview(choice()); });
-        const auto windows = parts_.ports.printWindows;
-        windows->showModal(dialog);
-        if (!dialog.Cancelled() && isCurrent())
-            print(choice());
+        const Choice choice = askUser();
+        if (isCurrent())
+            print(choice);
     });
+}
+
+/// Without pages where the user wants none.
+PrintJob::Choice PrintJob::askUser() {
+    const Flag shown(asking_);
+    printer_ = std::make_unique<cPrinter>(*parts_.ports.printers);
+    dlgPrint dialog(parts_.errors, *parts_.ports.messageBox, *parts_.ports.settings);
+    fillDialog(dialog);
+    const auto choice = [&dialog] {
+        return Choice{dialog.PrintPages(), dialog.PrintScale(), dialog.Copies()};
+    };
+    dialog.PreviewRequested.connect([&] { showPreview(choice()); });
+    const auto windows = parts_.ports.printWindows;
+    windows->showModal(dialog);
+    return dialog.Cancelled() ? Choice() : choice();
 }
 
 void PrintJob::fillDialog(dlgPrint& dialog) {
@@ -89,21 +108,36 @@ void PrintJob::fillDialog(dlgPrint& dialog) {
     dialog.Form_Load();
 }
 
-void PrintJob::print(const Choice& choice) {
-    pagesQueued_ = -1;
+int32_t PrintJob::print(const Choice& choice) {
     if (!isPossible() || choice.pages.empty())
-        return;
-    document_ = parts_.session.currentDocument;
-    printsView_ = choice.scale == CurrentView;
-    cancelled_ = false;
+        return 0;
+    begin(choice);
     parts_.printing = {true, {}, -1};
     if (!printer_)
         printer_ = std::make_unique<cPrinter>(*parts_.ports.printers);
     BeginPrintJob(choice);
+    view_.reset();
     parts_.printing.running = false;
     parts_.printing.percent = -1;
     if (!parts_.ended())
         parts_.updateUI();
+    return pagesQueued_;
+}
+
+/// What print and preview have in common.
+void PrintJob::begin(const Choice& choice) {
+    document_ = parts_.session.currentDocument;
+    cancelled_ = false;
+    pagesQueued_ = 0;
+    view_.reset();
+    if (choice.scale == CurrentView)
+        view_ = currentView(choice);
+}
+
+Raster PrintJob::currentView(const Choice& choice) const {
+    const bool isShown = parts_.isPageDisplayed() && choice.pages.front() == parts_.session.currentPage;
+    return isShown ? partOf(parts_.lvrImage.raster(), outward(parts_.lvrImage.rectangles().sourceClip))
+                   : Raster();
 }
 
 void PrintJob::cancel() {
@@ -129,7 +163,7 @@ void PrintJob::BeginPrintJob(const Choice& choice) {
         return;
     parts_.procedure("BeginPrintJob").step([&] {
         const auto queued =
-            static_cast<int16_t>(std::clamp<int32_t>(pagesQueued_, 0, std::numeric_limits<int16_t>::max()));
+            static_cast<int16_t>(std::min<int32_t>(pagesQueued_, std::numeric_limits<int16_t>::max()));
         parts_.events.PrintJobFinish.raise(queued, std::to_string(document));
     });
 }
@@ -216,8 +250,6 @@ PrintRequest PrintJob::requestOf(const Choice& choice) {
     request.hasCoverSheet = properties.PrintCoverSheet;
     request.coverSheet = {properties.PrintUserName, parts_.ports.clock->generalDate(), properties.MachineName,
                           properties.PrintItemDesc, properties.PrintFee};
-    if (printsView_)
-        request.viewPart = outward(parts_.lvrImage.rectangles().sourceClip);
     return request;
 }
 
@@ -283,18 +315,25 @@ void PrintJob::report(const PrintResult& result) {
 }
 
 void PrintJob::showPreview(const Choice& choice) {
-    if (!isPossible())
+    if (parts_.printing.running || !isCurrent())
         return;
-    printsView_ = choice.scale == CurrentView;
+    begin(choice);
     PrintPreview preview(parts_.errors, *parts_.ports.messageBox, *parts_.ports.printers, *this,
                          requestOf(choice));
+    preview.Closed.connect([this] { cancelled_ = true; });
     const auto windows = parts_.ports.printWindows;
     windows->showModal(preview);
 }
 
 Raster PrintJob::printedPage(int16_t page) {
-    if (printsView_)
-        return parts_.lvrImage.raster();
+    Raster picture = view_ ? *view_ : loadPage(page);
+    if (picture.empty())
+        throw Error(error_number::InvalidPicture, "Error rendering image.");
+    return picture;
+}
+
+/// Empty where that fails.
+Raster PrintJob::loadPage(int16_t page) {
     if (!session_.IsPageCached(page) && isCurrent()) {
         session_.FetchPageForPrinting(page);
         awaitPage(page);
@@ -305,9 +344,7 @@ Raster PrintJob::printedPage(int16_t page) {
                         parts_.leadImageHelp.imgDecryptToArray(parts_.session.pages.file(page), bytes,
                                                                parts_.properties.EncBytes) == 0 &&
                         parts_.leadImageHelp.LoadArrayToRaster(bytes, picture) == 0;
-    if (!loaded)
-        throw Error(error_number::InvalidPicture, "Error rendering image.");
-    return picture;
+    return loaded ? std::move(picture) : Raster();
 }
 
 void PrintJob::printStatus(const std::string& text, int32_t percent) {

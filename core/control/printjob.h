@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace pixmo {
@@ -16,7 +17,7 @@ namespace pixmo {
 class dlgPrint;
 
 /// The control's side of printing: what is printed, whether the host lets it, and the pages for it. One job
-/// at a time; a second one that is asked for while one runs is ignored.
+/// at a time; a second one that is asked for while one runs, or while the user is asked, is ignored.
 class PrintJob : private PrintClient {
 public:
     PrintJob(ControlParts& parts, Session& session, Commands& commands);
@@ -32,15 +33,15 @@ public:
         bool mayCrop = false; ///< full-size pages are cut to the paper without asking
     };
 
-    bool isRunning() const { return parts_.printing.running; }
+    /// Whether a job would be heeded now.
+    bool isPossible() const;
     void imgPrintCurrentOnly();
     /// Asks by the print dialog.
     void imgPrintPages();
-    void print(const Choice& choice);
+    /// The pages that were queued successfully.
+    int32_t print(const Choice& choice);
     /// Ends the job at the next page.
     void cancel();
-    /// Pages of the last job that were queued successfully, -1 when it printed nothing.
-    int32_t pagesQueued() const { return pagesQueued_; }
 
 private:
     Raster printedPage(int16_t page) override;
@@ -48,8 +49,10 @@ private:
     void printProgress(const std::string& record) override { parts_.logLine(record); }
     bool printGoesOn() override;
 
-    bool isPossible() const;
     void fillDialog(dlgPrint& dialog);
+    Choice askUser();
+    void begin(const Choice& choice);
+    Raster currentView(const Choice& choice) const;
     void BeginPrintJob(const Choice& choice);
     Flow CachePages(const std::vector<int16_t>& pages);
     void fetchAhead(const std::vector<int16_t>& pages, size_t first);
@@ -62,15 +65,19 @@ private:
     Flow showDebugInfo();
     void report(const PrintResult& result);
     void showPreview(const Choice& choice);
+    Raster loadPage(int16_t page);
     bool isCurrent() const;
 
     ControlParts& parts_;
     Session& session_;
     std::unique_ptr<cPrinter> printer_;
     int32_t document_ = 0; ///< whose pages are printed
-    bool printsView_ = false;
+    bool asking_ = false;  ///< the dialog is shown
+    /// What the view showed when the job was given, where only that is printed. Empty: it showed another
+    /// page.
+    std::optional<Raster> view_;
     bool cancelled_ = false;
-    int32_t pagesQueued_ = -1;
+    int32_t pagesQueued_ = 0;
 };
 
 } // namespace pixmo

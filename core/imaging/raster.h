@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/imaging/rectangle.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -50,6 +52,10 @@ constexpr size_t packedRowSize(PixelFormat format, int32_t width) {
 /// A raster of the given size with zeroed pixels and packed rows (Bilevel: rows padded to 8 bytes).
 /// Throws std::bad_alloc.
 Raster makeRaster(PixelFormat format, int32_t width, int32_t height);
+
+/// What of the rectangle lies in the picture, as a picture of its own; empty where nothing does.
+/// Throws std::bad_alloc.
+Raster partOf(const Raster& picture, const Rectangle& rectangle);
 
 /// What a face blits: 32-bit pixels, 0xFFRRGGBB in the machine's byte order, rows top to bottom.
 /// Refers to memory of the face.

@@ -73,6 +73,8 @@ public:
     virtual int32_t EndDoc() = 0;
     /// Nothing of the job is printed that is not on paper yet.
     virtual void AbortDoc() = 0;
+    /// Why the last call failed, in the print system's own words; "" where it does not say.
+    virtual std::string problem() const = 0;
 };
 
 } // namespace pixmo

@@ -58,6 +58,8 @@ public:
     int32_t End_Doc();
     void Abort_Doc();
     void Delete_DC();
+    /// Why the last call failed, "" where the printer does not say.
+    std::string problem() const { return device_ ? device_->problem() : std::string(); }
 
     bool Text_Out(const std::string& text, int32_t x, int32_t y);
     /// Size in points, weight as of LogFont. Throws overflow (6) for sizes beyond 1638.

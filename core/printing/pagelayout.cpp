@@ -13,8 +13,8 @@ struct Inches {
     double height;
 };
 
-Inches sizeOf(const Raster& picture, Size pixels) {
-    return {pixels.width / picture.xResolution, pixels.height / picture.yResolution};
+Inches sizeOf(const Raster& picture) {
+    return {picture.width / picture.xResolution, picture.height / picture.yResolution};
 }
 
 Inches sizeOf(const SheetArea& sheet) {
@@ -47,17 +47,16 @@ void cutToFit(int32_t& sourceStart, int32_t& sourceLength, int32_t& length, int3
 
 } // namespace
 
-PicturePlace placeFitted(const Raster& picture, const Rectangle& source, const SheetArea& sheet,
-                         bool mayTurn) {
+PicturePlace placeFitted(const Raster& picture, const SheetArea& sheet, bool mayTurn) {
     PicturePlace place;
-    place.source = source;
-    Inches size = sizeOf(picture, {source.width, source.height});
+    place.source = {0, 0, picture.width, picture.height};
+    Inches size = sizeOf(picture);
     const Inches area = sizeOf(sheet);
     const Inches onItsSide = {size.height, size.width};
     const bool landscapeOnPortrait = size.width > size.height && area.width < area.height;
     if (mayTurn && landscapeOnPortrait && scaleToFit(onItsSide, area) > scaleToFit(size, area)) {
         place.turned = true;
-        place.source = {0, 0, source.height, source.width};
+        place.source = {0, 0, picture.height, picture.width};
         size = onItsSide;
     }
     const double scale = scaleToFit(size, area);
@@ -70,7 +69,7 @@ PicturePlace placeFitted(const Raster& picture, const Rectangle& source, const S
 PicturePlace placeFullSize(const Raster& picture, const SheetArea& sheet) {
     PicturePlace place;
     place.source = {0, 0, picture.width, picture.height};
-    const Inches size = sizeOf(picture, {picture.width, picture.height});
+    const Inches size = sizeOf(picture);
     Size full = {devicePixels(size.width, sheet.xResolution), devicePixels(size.height, sheet.yResolution)};
     place.cropped = full.width > sheet.area.width || full.height > sheet.area.height;
     cutToFit(place.source.left, place.source.width, full.width, sheet.area.width);

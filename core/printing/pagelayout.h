@@ -22,10 +22,9 @@ struct PicturePlace {
     bool cropped = false;
 };
 
-/// As large as fits in true proportion, in the middle; the `source` part of it. A landscape picture on a
-/// portrait area is turned, if `mayTurn`, where that makes it larger.
-PicturePlace placeFitted(const Raster& picture, const Rectangle& source, const SheetArea& sheet,
-                         bool mayTurn);
+/// As large as fits in true proportion, in the middle. A landscape picture on a portrait area is turned, if
+/// `mayTurn`, where that makes it larger.
+PicturePlace placeFitted(const Raster& picture, const SheetArea& sheet, bool mayTurn);
 
 /// In true inches by the picture's resolution, in the middle; what is beyond the area is cut off, the same
 /// on both sides.

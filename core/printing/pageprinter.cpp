@@ -22,15 +22,6 @@ constexpr int16_t CoverFontSize = 12;
 constexpr const char* Ellipsis = "...";
 constexpr const char* Leader = "..................";
 
-Error printerError(const std::string& source) {
-    return {PrinterErrorNumber, "Printer error", source};
-}
-
-void check(bool done, const char* source) {
-    if (!done)
-        throw printerError(source);
-}
-
 std::string firstCharacters(const std::string& text, size_t count) {
     size_t at = 0;
     while (count-- > 0 && at < text.size())
@@ -40,6 +31,13 @@ std::string firstCharacters(const std::string& text, size_t count) {
 
 int16_t usableFontSize(int16_t size) {
     return std::clamp(size, SmallestFont, LargestFont);
+}
+
+/// Line breaks and other characters that no printer shows become blanks.
+std::string onOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+    return text;
 }
 
 } // namespace
@@ -58,6 +56,13 @@ PrintResult PagePrinter::imgPrintDoc(const PrintRequest& request, PrintClient& c
     return result;
 }
 
+void PagePrinter::check(bool done, const char* source) const {
+    if (done)
+        return;
+    const std::string reason = printer_.problem();
+    throw Error(PrinterErrorNumber, reason.empty() ? "Printer error" : "Printer error: " + reason, source);
+}
+
 void PagePrinter::open(const PrintRequest& request, PrintClient& client) {
     printer_.LoadDefaultPrinterDC();
     check(printer_.device() && printer_.Horz_Res() > 0 && printer_.Vert_Res() > 0,
@@ -71,12 +76,14 @@ void PagePrinter::printDocument(const PrintRequest& request, PrintClient& client
     open(request, client);
     if (!TruncateWarning(request, client) || !client.printGoesOn())
         return;
-    const bool deviceCopies = request.copies > 1 && printer_.device()->setCopies(request.copies);
+    // A device repeats the whole job, but a job has one cover sheet.
+    const bool deviceCopies =
+        request.copies > 1 && !request.hasCoverSheet && printer_.device()->setCopies(request.copies);
     const int32_t job = printer_.Start_Doc(request.documentName);
     if (job == spool::UserAbort)
         return;
     check(job > 0, "cLeadImageFunctions.imgPrintDoc");
-    // A device that cannot make copies gets the pages as often as they are wanted.
+    // What the device does not repeat it gets as often as it is wanted.
     printSheets(request, deviceCopies ? 1 : request.copies, client, result);
     if (!result.completed) {
         printer_.Abort_Doc();
@@ -92,10 +99,15 @@ void PagePrinter::printSheets(const PrintRequest& request, int32_t copies, Print
                               PrintResult& result) {
     if (request.hasCoverSheet)
         printCoverSheet(request, client, result);
+    const size_t count = request.pages.size();
+    const size_t sheets = count * static_cast<size_t>(copies);
+    size_t done = 0;
     for (int32_t copy = 1; copy <= copies; ++copy)
-        for (size_t index = 0; index < request.pages.size(); ++index) {
+        for (size_t index = 0; index < count; ++index) {
             if (!client.printGoesOn())
                 return;
+            client.printStatus("Printing page " + std::to_string(index + 1) + " of " + std::to_string(count),
+                               static_cast<int32_t>(done++ * 100 / sheets));
             if (printPage(request, index, client, result) && copy == copies)
                 ++result.pagesQueued;
         }
@@ -123,16 +135,10 @@ void PagePrinter::printCoverSheet(const PrintRequest& request, PrintClient& clie
 /// Whether the page is on its sheet.
 bool PagePrinter::printPage(const PrintRequest& request, size_t index, PrintClient& client,
                             PrintResult& result) {
-    const size_t count = request.pages.size();
     const std::string number = std::to_string(request.pages[index]);
-    client.printStatus("Printing page " + std::to_string(index + 1) + " of " + std::to_string(count),
-                       static_cast<int32_t>(index * 100 / count));
     Raster picture;
-    int32_t status = errors_.attempt("cLeadImageFunctions.imgQueuePage", [&] {
-        picture = client.printedPage(request.pages[index]);
-        if (picture.empty())
-            throw Error(error_number::InvalidPicture, "Error rendering image.");
-    });
+    int32_t status = errors_.attempt("cLeadImageFunctions.imgQueuePage",
+                                     [&] { picture = client.printedPage(request.pages[index]); });
     if (status == 0)
         onSheet([&] {
             status = errors_.attempt("cLeadImageFunctions.imgQueuePage",
@@ -153,8 +159,7 @@ bool PagePrinter::TruncateWarning(const PrintRequest& request, PrintClient& clie
         bool cropped = false;
         // A page that cannot be loaded is reported when its turn comes.
         const int32_t status = errors_.attempt("cLeadImageFunctions.TruncateWarning", [&] {
-            const Raster picture = client.printedPage(page);
-            cropped = !picture.empty() && placeOf(request, picture).cropped;
+            cropped = placeOf(request, client.printedPage(page)).cropped;
         });
         if (status == 0 && cropped)
             return messageBox_.ask("WARNING: Some pages must be cropped to fit the current printer's paper.  "
@@ -176,16 +181,13 @@ void PagePrinter::imgQueuePage(const PrintRequest& request, size_t index, const 
 
 PicturePlace PagePrinter::placeOf(const PrintRequest& request, const Raster& picture) {
     const SheetArea sheet = pictureArea(request);
-    const Rectangle whole = {0, 0, picture.width, picture.height};
     switch (request.scale) {
     case FitToPage:
-        return placeFitted(picture, whole, sheet, true);
+        return placeFitted(picture, sheet, true);
     case FullSize:
         return placeFullSize(picture, sheet);
-    case CurrentView: {
-        const Rectangle part = intersection(request.viewPart, whole);
-        return placeFitted(picture, part.empty() ? whole : part, sheet, false);
-    }
+    case CurrentView:
+        return placeFitted(picture, sheet, false);
     default:
         break;
     }
@@ -229,7 +231,9 @@ int32_t PagePrinter::widthOf(const std::string& text) const {
     return width;
 }
 
-std::string PagePrinter::cutToWidth(const std::string& text, int32_t width) const {
+/// What of the text fits into the width.
+std::string PagePrinter::lineOf(const std::string& anyText, int32_t width) const {
+    const std::string text = onOneLine(anyText);
     if (widthOf(text) <= width)
         return text;
     size_t fits = 0;
@@ -244,7 +248,7 @@ std::string PagePrinter::cutToWidth(const std::string& text, int32_t width) cons
 void PagePrinter::WriteAnnotation(const std::string& text, int16_t fontSize, Edge edge) {
     const int32_t status = errors_.attempt("cLeadImageFunctions.WriteAnnotation", [&] {
         printer_.SetFont(usableFontSize(fontSize), FaceName, NormalWeight, 0);
-        const std::string shown = cutToWidth(text, printer_.Horz_Res());
+        const std::string shown = lineOf(text, printer_.Horz_Res());
         int32_t width = 0;
         int32_t height = 0;
         printer_.GetTextExtentPoint_32(shown, width, height);
@@ -270,7 +274,7 @@ void PagePrinter::QueueCoverSheet(const PrintRequest& request) {
     for (const std::string& text : rows) {
         printer_.SetFont(CoverFontSize, FaceName, heading ? BoldWeight : NormalWeight, 0);
         const Size size = printer_.device()->GetTextExtentPoint32(text);
-        check(printer_.Text_Out(cutToWidth(text, row.width), row.left, row.top),
+        check(printer_.Text_Out(lineOf(text, row.width), row.left, row.top),
               "cLeadImageFunctions.QueueCoverSheet");
         row.height = size.height;
         row.top += heading ? 2 * size.height : size.height + size.height / 2;
@@ -286,9 +290,9 @@ void PagePrinter::QueueCoverSheet(const PrintRequest& request) {
 /// The text at the left, the amount at the right, dots between them.
 void PagePrinter::writeItem(const std::string& text, const std::string& amount, const Rectangle& row) {
     const int32_t leaderWidth = widthOf(Leader);
-    const std::string shownAmount = cutToWidth(amount, std::max(1, (row.width - leaderWidth) / 2));
+    const std::string shownAmount = lineOf(amount, std::max(1, (row.width - leaderWidth) / 2));
     const int32_t amountWidth = widthOf(shownAmount);
-    const std::string shownText = cutToWidth(text, std::max(1, row.width - leaderWidth - amountWidth));
+    const std::string shownText = lineOf(text, std::max(1, row.width - leaderWidth - amountWidth));
     const int32_t room = row.width - amountWidth - widthOf(shownText);
     std::string dots = Leader;
     while (widthOf(dots + '.') <= room)

@@ -47,9 +47,10 @@ private:
     void drawPicture(const PrintRequest& request, const Raster& picture);
     PicturePlace placeOf(const PrintRequest& request, const Raster& picture);
     SheetArea pictureArea(const PrintRequest& request);
+    void check(bool done, const char* source) const;
     int32_t lineHeight(int16_t fontSize);
     int32_t widthOf(const std::string& text) const;
-    std::string cutToWidth(const std::string& text, int32_t width) const;
+    std::string lineOf(const std::string& anyText, int32_t width) const;
     void writeItem(const std::string& text, const std::string& amount, const Rectangle& row);
 
     cErrObject& errors_;

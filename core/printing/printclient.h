@@ -12,7 +12,7 @@ class PrintClient {
 public:
     virtual ~PrintClient() = default;
 
-    /// The page as it is to be printed. Throws where it cannot be loaded.
+    /// The page as it is to be printed, never empty. Throws where it cannot be loaded.
     virtual Raster printedPage(int16_t page) = 0;
     /// What goes on, and how much of it is done: 0 to 100, or -1.
     virtual void printStatus(const std::string& text, int32_t percent) = 0;

@@ -1,5 +1,6 @@
 #include "core/printing/printpreview.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pixmo {
@@ -21,20 +22,22 @@ std::string PrintPreview::sheetText(int32_t sheet) const {
 }
 
 int32_t PrintPreview::draw(int32_t sheet, std::unique_ptr<PrinterDevice> device) {
-    canvas_.openOn(std::move(device));
-    const int32_t status = errors_.attempt("cLeadImageFunctions.imgQueuePage", [&] { drawSheet(sheet); });
+    const int32_t status =
+        errors_.attempt("cLeadImageFunctions.imgQueuePage", [&] { drawSheet(sheet, std::move(device)); });
     canvas_.Delete_DC();
     return status;
 }
 
-void PrintPreview::drawSheet(int32_t sheet) {
+// The page is there before anything is drawn: whoever waits for one is overtaken by who asks next.
+void PrintPreview::drawSheet(int32_t sheet, std::unique_ptr<PrinterDevice> device) {
     const int32_t index = request_.hasCoverSheet ? sheet - 1 : sheet;
-    if (index < 0) {
+    const auto at = static_cast<size_t>(std::max(index, 0));
+    const Raster picture = index < 0 ? Raster() : client_.printedPage(request_.pages.at(at));
+    canvas_.openOn(std::move(device));
+    if (index < 0)
         pages_.QueueCoverSheet(request_);
-        return;
-    }
-    const auto at = static_cast<size_t>(index);
-    pages_.imgQueuePage(request_, at, client_.printedPage(request_.pages.at(at)));
+    else
+        pages_.imgQueuePage(request_, at, picture);
 }
 
 } // namespace pixmo

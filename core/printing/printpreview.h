@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/event.h"
 #include "core/printing/pageprinter.h"
 
 #include <cstdint>
@@ -23,10 +24,15 @@ public:
     /// The printer that the job would go to, open; nullptr when it cannot be opened.
     const PrinterDevice* printer() const { return metrics_.device(); }
     /// Draws the sheet (0 is the first) on a device of the printer's metrics. 0, or the number of the error.
+    /// Other events may be handled meanwhile, another call of this among them.
     int32_t draw(int32_t sheet, std::unique_ptr<PrinterDevice> device);
+    /// The window is gone: who still waits for a page gives up.
+    void close() { Closed.raise(); }
+
+    Event<> Closed;
 
 private:
-    void drawSheet(int32_t sheet);
+    void drawSheet(int32_t sheet, std::unique_ptr<PrinterDevice> device);
 
     cErrObject& errors_;
     PrintClient& client_;

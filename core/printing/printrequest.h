@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core/imaging/rectangle.h"
-
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -30,8 +28,6 @@ struct PrintRequest {
     int16_t captionFontSize = 12; ///< points
     bool hasCoverSheet = false;
     CoverSheet coverSheet;
-    /// Current view: the part of the picture, in its pixels.
-    Rectangle viewPart;
 };
 
 /// How a job ended.

@@ -222,14 +222,17 @@ void ImageViewPrivate::load(int32_t docID, int32_t page) {
 int ImageViewPrivate::printToFile(const QString& file, const QList<short>& pages, bool fullSize) {
     const auto held = control();
     const auto printers = printers_;
+    // A job that runs must not find its printer changed.
+    if (!held->printJob().isPossible())
+        return 0;
     printers->setFile(file);
     pixmo::PrintJob::Choice choice;
     choice.pages.assign(pages.begin(), pages.end());
     choice.scale = fullSize ? FullSize : FitToPage;
     choice.mayCrop = true;
-    held->printJob().print(choice);
+    const int printed = held->printJob().print(choice);
     printers->setFile({});
-    return qMax(0, held->printJob().pagesQueued());
+    return printed;
 }
 
 void ImageViewPrivate::applyAppearance(std::string_view name) {

@@ -34,6 +34,7 @@ void keepLength(const setting::Setting& which, int length) {
 LogDialog::LogDialog(dlgLog& dialog, QWidget* parent)
     : SmallWindow(tr("Log"), parent), dialog_(dialog), text_(new QPlainTextEdit(this)),
       search_(new QLineEdit(this)), found_(new QLabel(this)) {
+    text_->setObjectName(QStringLiteral("txtLog"));
     text_->setReadOnly(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text_->setLineWrapMode(QPlainTextEdit::NoWrap);

@@ -3,47 +3,9 @@
 #include "faces/qt/texts.h"
 
 #include <QFontMetrics>
-#include <cmath>
 #include <cstdlib>
 
 namespace pixmo::qt {
-
-namespace {
-
-int32_t millimetres(int pixels, int resolution) {
-    return static_cast<int32_t>(std::lround(pixels * 25.4 / resolution));
-}
-
-} // namespace
-
-int32_t PainterDevice::GetDeviceCaps(DeviceCap index) const {
-    const int dpi = resolution();
-    const QPageLayout layout = pageLayout();
-    const QRect paper = layout.fullRectPixels(dpi);
-    const QRect printable = layout.paintRectPixels(dpi);
-    switch (index) {
-    case DeviceCap::HorzSize:
-        return millimetres(printable.width(), dpi);
-    case DeviceCap::VertSize:
-        return millimetres(printable.height(), dpi);
-    case DeviceCap::HorzRes:
-        return printable.width();
-    case DeviceCap::VertRes:
-        return printable.height();
-    case DeviceCap::LogPixelsX:
-    case DeviceCap::LogPixelsY:
-        return dpi;
-    case DeviceCap::PhysicalWidth:
-        return paper.width();
-    case DeviceCap::PhysicalHeight:
-        return paper.height();
-    case DeviceCap::PhysicalOffsetX:
-        return printable.left();
-    case DeviceCap::PhysicalOffsetY:
-        return printable.top();
-    }
-    return 0;
-}
 
 int32_t PainterDevice::CreateFontIndirect(const LogFont& font) {
     QFont made(toQt(font.lfFaceName));
@@ -65,7 +27,8 @@ void PainterDevice::SelectObject(int32_t font) {
 }
 
 Size PainterDevice::GetTextExtentPoint32(const std::string& text) const {
-    return {metrics().horizontalAdvance(toQt(text)), metrics().height()};
+    const QFontMetrics metrics(selected_);
+    return {metrics.horizontalAdvance(toQt(text)), metrics.height()};
 }
 
 bool PainterDevice::TextOut(int32_t x, int32_t y, const std::string& text) {
@@ -73,7 +36,7 @@ bool PainterDevice::TextOut(int32_t x, int32_t y, const std::string& text) {
         return false;
     painter_.setFont(selected_);
     painter_.setPen(Qt::black);
-    painter_.drawText(QPoint(x, y + metrics().ascent()), toQt(text));
+    painter_.drawText(QPoint(x, y + QFontMetrics(selected_).ascent()), toQt(text));
     return true;
 }
 

@@ -3,17 +3,15 @@
 #include "core/platform/printerdevice.h"
 
 #include <QFont>
-#include <QPageLayout>
 #include <QPainter>
 #include <map>
 
 namespace pixmo::qt {
 
-/// What a printer device says of its sheet and how it writes on it, whatever it paints on. Painting begins
-/// and ends in the classes that know the paint device; the painter's origin is the printable area's corner.
+/// How a printer device writes on its sheet, whatever it paints on. Painting begins and ends in the classes
+/// that know the paint device; the painter's origin is the printable area's corner.
 class PainterDevice : public pixmo::PrinterDevice {
 public:
-    int32_t GetDeviceCaps(DeviceCap index) const override;
     int32_t CreateFontIndirect(const LogFont& font) override;
     void SelectObject(int32_t font) override;
     void DeleteObject(int32_t font) override { fonts_.erase(font); }
@@ -21,17 +19,9 @@ public:
     bool TextOut(int32_t x, int32_t y, const std::string& text) override;
 
 protected:
-    /// Pixels per inch.
-    virtual int resolution() const = 0;
-    virtual QPageLayout pageLayout() const = 0;
-    /// On which font metrics are taken.
-    virtual QPaintDevice* metricsDevice() const = 0;
-
     QPainter painter_;
 
 private:
-    QFontMetrics metrics() const { return QFontMetrics(selected_, metricsDevice()); }
-
     std::map<int32_t, QFont> fonts_;
     int32_t lastFont_ = 0;
     QFont selected_;

@@ -1,9 +1,5 @@
 #include "faces/qt/pdfcompactor.h"
 
-#include "codecs/faxencoder.h"
-
-#include <QCoreApplication>
-#include <QtEndian>
 #include <algorithm>
 
 namespace pixmo::qt {
@@ -12,6 +8,7 @@ namespace {
 
 constexpr qsizetype EntrySize = 20; ///< of a line of the table
 constexpr qsizetype LongestDictionary = 400;
+constexpr qsizetype PieceSize = 1 << 20;
 
 /// The whole number behind a key of a dictionary; -1 where there is none.
 qsizetype numberBehind(const QByteArray& text, const char* key) {
@@ -29,32 +26,28 @@ qsizetype numberBehind(const QByteArray& text, const char* key) {
     return ok ? number : -1;
 }
 
-/// Rows of a picture in which 1 is white become rows in which 1 is black; what is behind the edge stays 0.
-void invert(QByteArray& rows, qsizetype width) {
-    for (char& bits : rows)
-        bits = static_cast<char>(~bits);
-    const qsizetype rowSize = (width + 7) / 8;
-    const auto mask = static_cast<char>(0xFF << ((8 - width % 8) % 8));
-    for (qsizetype last = rowSize - 1; last < rows.size(); last += rowSize)
-        rows[last] = static_cast<char>(rows[last] & mask);
+bool isBilevelPicture(const QByteArray& dictionary) {
+    return dictionary.contains("/Subtype /Image") && dictionary.contains("/ColorSpace /DeviceGray") &&
+           dictionary.contains("/BitsPerComponent 1\n");
 }
 
 } // namespace
 
-bool PdfCompactor::copy(const QString& from, const QString& to) {
-    QFile source(from);
-    QFile target(to);
-    if (!source.open(QIODevice::ReadOnly) || !target.open(QIODevice::WriteOnly))
-        return false;
-    const bool done = PdfCompactor(source, target).run() && target.flush();
-    target.close();
-    if (!done)
-        target.remove();
-    return done;
+bool PdfCompactor::copy(QFileDevice& from, QFileDevice& to, FaxPictures& pictures) {
+    return PdfCompactor(from, to, pictures).run() && to.flush() && to.error() == QFileDevice::NoError;
 }
 
 bool PdfCompactor::run() {
-    return readTable() && writeObjects() && writeTable();
+    return readTable() ? writeObjects() && writeTable() : copyAsItIs();
+}
+
+bool PdfCompactor::copyAsItIs() {
+    bool done = source_.seek(0);
+    while (done && !source_.atEnd()) {
+        const QByteArray piece = source_.read(PieceSize);
+        done = !piece.isEmpty() && target_.write(piece) == piece.size();
+    }
+    return done;
 }
 
 QByteArray PdfCompactor::read(qsizetype offset, qsizetype size) const {
@@ -84,54 +77,38 @@ bool PdfCompactor::readTable() {
     std::sort(starts.begin(), starts.end());
     for (const qsizetype offset : offsets_)
         ends_.append(*std::upper_bound(starts.begin(), starts.end() - 1, offset));
-    return std::all_of(offsets_.begin(), offsets_.end(),
+    const auto isObject = [](qsizetype offset) { return offset > 0; };
+    return std::any_of(offsets_.begin(), offsets_.end(), isObject) &&
+           std::all_of(offsets_.begin(), offsets_.end(),
                        [this](qsizetype offset) { return offset >= 0 && offset < table_; });
 }
 
-/// The object with its picture encoded anew; empty where that makes nothing smaller.
-QByteArray PdfCompactor::compacted(const QByteArray& object) const {
+/// The object with the next picture in its place; empty where that is not the same one or nothing smaller.
+QByteArray PdfCompactor::compacted(const QByteArray& object) {
     const QByteArray head = object.left(LongestDictionary);
-    const qsizetype stream = head.indexOf("stream\n");
-    const QByteArray dictionary = head.left(stream);
-    const qsizetype lengthObject = numberBehind(dictionary, "/Length ");
-    if (stream < 0 || !dictionary.contains("/Subtype /Image") ||
-        !dictionary.contains("/ColorSpace /DeviceGray") || !dictionary.contains("/BitsPerComponent 1\n") ||
-        !dictionary.contains("/Filter /FlateDecode") || lengthObject <= 0 || lengthObject >= offsets_.size())
+    const QByteArray dictionary = head.left(std::max<qsizetype>(head.indexOf("stream\n"), 0));
+    if (!isBilevelPicture(dictionary) || next_ == pictures_.count())
         return {};
-    const qsizetype width = numberBehind(dictionary, "/Width ");
-    const qsizetype height = numberBehind(dictionary, "/Height ");
-    const qsizetype length = numberBehind(this->object(lengthObject), " obj\n");
-    const qsizetype data = stream + 7;
-    if (width <= 0 || height <= 0 || length <= 0 || data + length > object.size())
+    const FaxPictures::Picture& picture = pictures_[next_++];
+    if (numberBehind(dictionary, "/Width ") != picture.width ||
+        numberBehind(dictionary, "/Height ") != picture.height || picture.size >= object.size())
         return {};
-    QByteArray sized(4, '\0');
-    qToBigEndian<quint32>(static_cast<quint32>((width + 7) / 8 * height), sized.data());
-    QByteArray rows = qUncompress(sized + object.mid(data, length));
-    if (rows.size() != (width + 7) / 8 * height)
+    const QByteArray fax = pictures_.bytes(picture);
+    if (fax.isEmpty())
         return {};
-    invert(rows, width);
-    const auto fax =
-        encodeFax4({reinterpret_cast<const uint8_t*>(rows.constData()), static_cast<size_t>(rows.size())},
-                   static_cast<int32_t>(width), static_cast<int32_t>(height));
-    const auto faxSize = static_cast<qsizetype>(fax.size());
-    if (fax.empty() || faxSize >= length)
-        return {};
-    const QByteArray extent = QByteArray::number(width) + " /Rows " + QByteArray::number(height);
-    return object.left(object.indexOf('\n') + 1) + "<<\n/Type /XObject\n/Subtype /Image\n/Width " +
-           QByteArray::number(width) + "\n/Height " + QByteArray::number(height) +
-           "\n/BitsPerComponent 1\n/ColorSpace /DeviceGray\n/Length " + QByteArray::number(faxSize) +
-           "\n/Filter /CCITTFaxDecode\n/DecodeParms << /K -1 /Columns " + extent + " >>\n>>\nstream\n" +
-           QByteArray(reinterpret_cast<const char*>(fax.data()), faxSize) + "\nendstream\nendobj\n";
+    const QByteArray width = QByteArray::number(picture.width);
+    const QByteArray height = QByteArray::number(picture.height);
+    return object.left(object.indexOf('\n') + 1) + "<<\n/Type /XObject\n/Subtype /Image\n/Width " + width +
+           "\n/Height " + height + "\n/BitsPerComponent 1\n/ColorSpace /DeviceGray\n/Length " +
+           QByteArray::number(fax.size()) + "\n/Filter /CCITTFaxDecode\n/DecodeParms << /K -1 /Columns " +
+           width + " /Rows " + height + " >>\n>>\nstream\n" + fax + "\nendstream\nendobj\n";
 }
 
-// The user interface is kept painted meanwhile; nobody can begin anything else.
 bool PdfCompactor::writeObjects() {
     QList<qsizetype> order;
     for (qsizetype number = 0; number < offsets_.size(); ++number)
         if (offsets_[number] > 0)
             order.append(number);
-    if (order.isEmpty())
-        return false;
     std::sort(order.begin(), order.end(),
               [this](qsizetype one, qsizetype other) { return offsets_[one] < offsets_[other]; });
     newOffsets_.fill(0, offsets_.size());
@@ -142,10 +119,8 @@ bool PdfCompactor::writeObjects() {
         const QByteArray original = object(number);
         const QByteArray smaller = compacted(original);
         const QByteArray& chosen = smaller.isEmpty() ? original : smaller;
-        written = written && target_.write(chosen) == chosen.size();
-        if (!smaller.isEmpty())
-            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
-                                            QEventLoop::ExcludeSocketNotifiers);
+        written = written && original.size() == ends_[number] - offsets_[number] &&
+                  target_.write(chosen) == chosen.size();
     }
     return written;
 }

@@ -1,32 +1,37 @@
 #pragma once
 
+#include "faces/qt/faxpictures.h"
+
 #include <QByteArray>
-#include <QFile>
+#include <QFileDevice>
 #include <QList>
-#include <QString>
 
 namespace pixmo::qt {
 
-/// Copies a PDF file of Qt's print engine and stores its 1-bit pictures as ITU-T T.6, in which they are half
-/// as large and smaller. One object at a time is in memory.
+/// Copies a PDF file of Qt's print engine and puts, for its 1-bit pictures, the same ones as ITU-T T.6, in
+/// which they are half as large and smaller. One object at a time is in memory.
 class PdfCompactor {
 public:
-    /// Whether there is a copy; a file of any other form than the engine's gives none.
-    static bool copy(const QString& from, const QString& to);
+    /// Whether there is a copy. A file of any other form than the engine's is copied as it is.
+    static bool copy(QFileDevice& from, QFileDevice& to, FaxPictures& pictures);
 
 private:
-    PdfCompactor(QFile& source, QFile& target) : source_(source), target_(target) {}
+    PdfCompactor(QFileDevice& source, QFileDevice& target, FaxPictures& pictures)
+        : source_(source), target_(target), pictures_(pictures) {}
 
     bool run();
+    bool copyAsItIs();
     bool readTable();
     QByteArray read(qsizetype offset, qsizetype size) const;
     QByteArray object(qsizetype number) const;
-    QByteArray compacted(const QByteArray& object) const;
+    QByteArray compacted(const QByteArray& object);
     bool writeObjects();
     bool writeTable();
 
-    QFile& source_;
-    QFile& target_;
+    QFileDevice& source_;
+    QFileDevice& target_;
+    FaxPictures& pictures_;
+    size_t next_ = 0;          ///< of the pictures
     QList<qsizetype> offsets_; ///< by object number, 0 for none
     QList<qsizetype> ends_;
     QList<qsizetype> newOffsets_;

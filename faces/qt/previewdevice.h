@@ -24,11 +24,7 @@ public:
     int32_t EndPage() override { return 1; }
     int32_t EndDoc() override { return 1; }
     void AbortDoc() override {}
-
-protected:
-    int resolution() const override { return printer_.GetDeviceCaps(DeviceCap::LogPixelsX); }
-    QPageLayout pageLayout() const override { return {}; }
-    QPaintDevice* metricsDevice() const override { return &image_; }
+    std::string problem() const override { return {}; }
 
 private:
     const pixmo::PrinterDevice& printer_;

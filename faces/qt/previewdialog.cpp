@@ -16,6 +16,8 @@ namespace {
 
 constexpr QSize FirstSize(640, 820);
 constexpr QSize SmallestPicture(120, 160);
+constexpr int ResizeMilliseconds = 50;
+constexpr int PatienceMilliseconds = 200;
 
 QString translated(const char* text) {
     return QCoreApplication::translate("PreviewDialog", text);
@@ -30,6 +32,8 @@ PreviewDialog::PreviewDialog(PrintPreview& preview, QWidget* parent)
     setObjectName(QStringLiteral("PrintPreview"));
     setWindowTitle(translated(PrintPreview::Caption()));
     setWindowModality(Qt::WindowModal);
+    picture_->setObjectName(QStringLiteral("sheet"));
+    text_->setObjectName(QStringLiteral("sheetText"));
     picture_->setAlignment(Qt::AlignCenter);
     picture_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     picture_->setMinimumSize(SmallestPicture);
@@ -47,8 +51,19 @@ PreviewDialog::PreviewDialog(PrintPreview& preview, QWidget* parent)
     connect(previous_, &QPushButton::clicked, this, [this] { turnTo(sheet_ - 1); });
     connect(next_, &QPushButton::clicked, this, [this] { turnTo(sheet_ + 1); });
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    drawSoon_.setSingleShot(true);
+    connect(&drawSoon_, &QTimer::timeout, this, &PreviewDialog::showSheet);
+    sayLoading_.setSingleShot(true);
+    connect(&sayLoading_, &QTimer::timeout, this, [this] { picture_->setText(translated("Loading\u2026")); });
     resize(FirstSize);
     turnTo(0);
+}
+
+void PreviewDialog::done(int result) {
+    drawSoon_.stop();
+    sayLoading_.stop();
+    QDialog::done(result);
+    preview_.close();
 }
 
 QImage PreviewDialog::sheet(PrintPreview& preview, int32_t number, int height) {
@@ -64,27 +79,32 @@ void PreviewDialog::turnTo(int32_t sheet) {
     previous_->setEnabled(sheet_ > 0);
     next_->setEnabled(sheet_ + 1 < preview_.sheetCount());
     text_->setText(toQt(preview_.sheetText(sheet_)));
-    showSheet();
+    drawSoon_.start(0);
+    sayLoading_.start(PatienceMilliseconds);
+}
+
+/// In device pixels: as high as fits.
+int PreviewDialog::sheetHeight() const {
+    const QSize room = picture_->size().expandedTo(SmallestPicture) * devicePixelRatioF();
+    const pixmo::PrinterDevice* const printer = preview_.printer();
+    const double width = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalWidth) : 1;
+    const double height = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalHeight) : 1;
+    return qMax(1, qMin(room.height(), qRound(room.width() * height / qMax(1.0, width))));
 }
 
 // The page may have to be fetched first, while the window goes on living.
 void PreviewDialog::showSheet() {
     const QPointer<PreviewDialog> alive(this);
     const int32_t asked = sheet_;
-    const double ratio = devicePixelRatioF();
-    const QSize room = picture_->size().expandedTo(SmallestPicture) * ratio;
-    const pixmo::PrinterDevice* const printer = preview_.printer();
-    const double width = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalWidth) : 1;
-    const double height = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalHeight) : 1;
-    const int shown = qMax(1, qMin(room.height(), qRound(room.width() * height / qMax(1.0, width))));
-    QImage image = sheet(preview_, asked, shown);
-    if (!alive || asked != sheet_)
+    QImage image = sheet(preview_, asked, sheetHeight());
+    if (!alive || !isVisible() || asked != sheet_)
         return;
+    sayLoading_.stop();
     if (image.isNull()) {
         picture_->setText(translated("This sheet cannot be shown."));
         return;
     }
-    image.setDevicePixelRatio(ratio);
+    image.setDevicePixelRatio(devicePixelRatioF());
     picture_->setPixmap(QPixmap::fromImage(std::move(image)));
 }
 
@@ -109,7 +129,7 @@ void PreviewDialog::keyPressEvent(QKeyEvent* event) {
 
 void PreviewDialog::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    showSheet();
+    drawSoon_.start(ResizeMilliseconds);
 }
 
 } // namespace pixmo::qt

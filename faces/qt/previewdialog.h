@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 
 namespace pixmo::qt {
 
@@ -17,15 +18,20 @@ public:
     /// The sheet as it is printed, that many pixels high; null when it cannot be drawn.
     static QImage sheet(PrintPreview& preview, int32_t number, int height);
 
+    void done(int result) override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void turnTo(int32_t sheet);
+    int sheetHeight() const;
     void showSheet();
 
     PrintPreview& preview_;
+    QTimer drawSoon_;   ///< a window that is being resized draws once
+    QTimer sayLoading_; ///< while the sheet of before stands there too long
     int32_t sheet_ = 0;
     QLabel* picture_;
     QLabel* text_;

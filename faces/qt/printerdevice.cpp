@@ -3,21 +3,21 @@
 #include "faces/qt/pdfcompactor.h"
 #include "faces/qt/texts.h"
 
-#include <QFile>
 #include <QImage>
-#include <QPageSize>
-#include <QPrinterInfo>
 #include <algorithm>
-#include <cstdio>
+#include <cmath>
 #include <utility>
 
 namespace pixmo::qt {
 
 namespace {
 
-/// A file is printed on real paper sooner or later: what no printer reaches stays empty.
-constexpr double FileMarginMillimetres = 6.35;
+constexpr int DotsPerInch = 1200;
 constexpr uint32_t White = 0xFFFFFF;
+
+int32_t millimetres(int pixels) {
+    return static_cast<int32_t>(std::lround(pixels * 25.4 / DotsPerInch));
+}
 
 bool isBlackOnWhite(const Raster& picture) {
     return picture.format == PixelFormat::Bilevel && picture.bilevelColours[0] == White &&
@@ -48,112 +48,95 @@ QImage wrapped(const Raster& picture) {
     return image;
 }
 
-QRect rect(const Rectangle& box) {
-    return {box.left, box.top, box.width, box.height};
-}
-
 } // namespace
 
-PrinterDevice::PrinterDevice(const QString& printerName, AskPath askPath)
-    : isFile_(printerName.isEmpty()), askPath_(std::move(askPath)), printer_(QPrinter::HighResolution) {
-    if (isFile_)
-        printer_.setOutputFormat(QPrinter::PdfFormat);
-    else
-        printer_.setPrinterName(printerName);
-    printer_.setFullPage(false);
-    useAllPaper();
+PrinterDevice::PrinterDevice(std::unique_ptr<PrintTarget> target) : target_(std::move(target)) {
+    writer_.setResolution(DotsPerInch);
 }
 
 PrinterDevice::~PrinterDevice() {
-    if (painter_.isActive())
+    if (delivered_)
         AbortDoc();
 }
 
-void PrinterDevice::useAllPaper() {
-    QPageLayout layout = printer_.pageLayout();
-    layout.setUnits(QPageLayout::Millimeter);
-    const double margin = FileMarginMillimetres;
-    layout.setMargins(isFile_ ? QMarginsF(margin, margin, margin, margin) : layout.minimumMargins());
-    printer_.setPageLayout(layout);
-}
-
-bool PrinterDevice::setPaperSize(int32_t code) {
-    const QPageSize::PageSizeId id = QPageSize::id(code);
-    if (id == QPageSize::Custom)
-        return false;
-    const auto sizes = isFile_ ? QList<QPageSize>() : QPrinterInfo(printer_).supportedPageSizes();
-    const bool has = isFile_ || std::any_of(sizes.begin(), sizes.end(),
-                                            [id](const QPageSize& size) { return size.id() == id; });
-    if (!has || !printer_.setPageSize(QPageSize(id)))
-        return false;
-    useAllPaper();
-    return true;
-}
-
-bool PrinterDevice::setCopies(int32_t copies) {
-    if (isFile_ || !printer_.supportsMultipleCopies())
-        return false;
-    printer_.setCopyCount(copies);
-    printer_.setCollateCopies(true);
-    return true;
+int32_t PrinterDevice::GetDeviceCaps(DeviceCap index) const {
+    const QPageLayout layout = target_->layout();
+    const QRect paper = layout.fullRectPixels(DotsPerInch);
+    const QRect printable = layout.paintRectPixels(DotsPerInch);
+    switch (index) {
+    case DeviceCap::HorzSize:
+        return millimetres(printable.width());
+    case DeviceCap::VertSize:
+        return millimetres(printable.height());
+    case DeviceCap::HorzRes:
+        return printable.width();
+    case DeviceCap::VertRes:
+        return printable.height();
+    case DeviceCap::LogPixelsX:
+    case DeviceCap::LogPixelsY:
+        return DotsPerInch;
+    case DeviceCap::PhysicalWidth:
+        return paper.width();
+    case DeviceCap::PhysicalHeight:
+        return paper.height();
+    case DeviceCap::PhysicalOffsetX:
+        return printable.left();
+    case DeviceCap::PhysicalOffsetY:
+        return printable.top();
+    }
+    return 0;
 }
 
 int32_t PrinterDevice::StartDoc(const std::string& name) {
-    printer_.setDocName(toQt(name));
-    if (isFile_) {
-        const auto path = askPath_(toQt(name));
-        if (!path)
-            return spool::UserAbort;
-        path_ = *path;
-        printer_.setOutputFileName(unfinished());
-    }
+    delivered_ = target_->begin(toQt(name));
+    if (!delivered_)
+        return target_->problem().empty() ? spool::UserAbort : spool::Error;
+    writer_.setTitle(toQt(name));
+    writer_.setPageLayout(target_->layout());
     firstPage_ = true;
-    return painter_.begin(&printer_) ? 1 : spool::Error;
+    return drawn_.open() && painter_.begin(&writer_) ? 1 : spool::Error;
 }
 
 int32_t PrinterDevice::StartPage() {
-    if (!works() || (!firstPage_ && !printer_.newPage()))
+    if (!works() || (!firstPage_ && !writer_.newPage()))
         return spool::Error;
     firstPage_ = false;
     return 1;
 }
 
-int32_t PrinterDevice::EndPage() {
-    return works() ? 1 : spool::Error;
-}
-
-// A file takes its name when it is whole.
 int32_t PrinterDevice::EndDoc() {
-    const bool done = works() && painter_.end() && printer_.printerState() != QPrinter::Error;
-    if (!isFile_)
-        return done ? 1 : spool::Error;
-    const QString whole = unfinished();
-    const QString small = path_ + QLatin1String(".small");
-    const bool compacted = done && PdfCompactor::copy(whole, small);
-    const QByteArray from = QFile::encodeName(compacted ? small : whole);
-    const QByteArray to = QFile::encodeName(path_);
-    const bool named = done && std::rename(from.constData(), to.constData()) == 0;
-    QFile::remove(whole);
-    return named ? 1 : spool::Error;
+    const bool drawn = works() && painter_.end() && drawn_.flush();
+    if (!drawn || !PdfCompactor::copy(drawn_, *delivered_, faxPictures_) || !target_->deliver())
+        return spool::Error;
+    delivered_ = nullptr;
+    return 1;
 }
 
 void PrinterDevice::AbortDoc() {
-    printer_.abort();
-    painter_.end();
-    if (isFile_ && !path_.isEmpty())
-        QFile::remove(unfinished());
+    if (painter_.isActive())
+        painter_.end();
+    if (delivered_)
+        target_->discard();
+    delivered_ = nullptr;
+}
+
+std::string PrinterDevice::problem() const {
+    const std::string text = target_->problem();
+    return text.empty() && drawn_.error() != QFileDevice::NoError ? drawn_.errorString().toStdString() : text;
 }
 
 bool PrinterDevice::drawRaster(const Raster& picture, const Rectangle& source, const Rectangle& destination) {
     if (!works())
         return false;
-    QImage image = isBlackOnWhite(picture) ? blackAndWhite(picture) : wrapped(picture);
-    if (rect(source) != image.rect())
-        image = image.copy(rect(source));
-    if (image.isNull())
+    const Raster part = partOf(picture, source);
+    if (part.empty())
         return false;
-    painter_.setRenderHint(QPainter::LosslessImageRendering, picture.format == PixelFormat::Bilevel);
-    painter_.drawImage(rect(destination), image);
+    const bool isFax = isBlackOnWhite(part);
+    if (isFax)
+        faxPictures_.add(part);
+    painter_.setRenderHint(QPainter::LosslessImageRendering, part.format == PixelFormat::Bilevel);
+    painter_.drawImage(QRect(destination.left, destination.top, destination.width, destination.height),
+                       isFax ? blackAndWhite(part) : wrapped(part));
     return true;
 }
 

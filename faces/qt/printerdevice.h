@@ -1,51 +1,42 @@
 #pragma once
 
+#include "faces/qt/faxpictures.h"
 #include "faces/qt/painterdevice.h"
+#include "faces/qt/printtarget.h"
 
-#include <QPrinter>
-#include <functional>
+#include <QPdfWriter>
+#include <QTemporaryFile>
 #include <memory>
-#include <optional>
 
 namespace pixmo::qt {
 
-/// A printer of the print system, or a PDF file.
+/// Draws a job into a PDF file and hands that to its target.
 class PrinterDevice : public PainterDevice {
 public:
-    /// Where the file goes; none: the user does not want it after all.
-    using AskPath = std::function<std::optional<QString>(const QString& documentName)>;
-
-    /// An empty name means a PDF file, for which `askPath` is asked when the document starts.
-    PrinterDevice(const QString& printerName, AskPath askPath);
+    explicit PrinterDevice(std::unique_ptr<PrintTarget> target);
     ~PrinterDevice() override;
     PrinterDevice(const PrinterDevice&) = delete;
     PrinterDevice& operator=(const PrinterDevice&) = delete;
 
-    bool isValid() const { return isFile_ || printer_.isValid(); }
-
-    bool setPaperSize(int32_t code) override;
-    bool setCopies(int32_t copies) override;
+    int32_t GetDeviceCaps(DeviceCap index) const override;
+    bool setPaperSize(int32_t code) override { return target_->setPaperSize(code); }
+    bool setCopies(int32_t copies) override { return target_->setCopies(copies); }
     bool drawRaster(const Raster& picture, const Rectangle& source, const Rectangle& destination) override;
     int32_t StartDoc(const std::string& name) override;
     int32_t StartPage() override;
-    int32_t EndPage() override;
+    int32_t EndPage() override { return works() ? 1 : spool::Error; }
     int32_t EndDoc() override;
     void AbortDoc() override;
-
-protected:
-    int resolution() const override { return printer_.resolution(); }
-    QPageLayout pageLayout() const override { return printer_.pageLayout(); }
-    QPaintDevice* metricsDevice() const override { return &printer_; }
+    std::string problem() const override;
 
 private:
-    void useAllPaper();
-    bool works() const { return painter_.isActive() && printer_.printerState() != QPrinter::Error; }
-    QString unfinished() const { return path_ + QLatin1String(".part"); }
+    bool works() const { return painter_.isActive() && drawn_.error() == QFileDevice::NoError; }
 
-    const bool isFile_;
-    AskPath askPath_;
-    mutable QPrinter printer_;
-    QString path_;
+    std::unique_ptr<PrintTarget> target_;
+    QFileDevice* delivered_ = nullptr; ///< the target's, from StartDoc on
+    QTemporaryFile drawn_;             ///< the file as it was drawn
+    FaxPictures faxPictures_;
+    QPdfWriter writer_{&drawn_};
     bool firstPage_ = true;
 };
 

@@ -1,7 +1,9 @@
 #include "faces/qt/printers.h"
 
+#include "faces/qt/filetarget.h"
 #include "faces/qt/imageview.h"
 #include "faces/qt/printerdevice.h"
+#include "faces/qt/queuetarget.h"
 #include "faces/qt/texts.h"
 
 #include <QApplication>
@@ -13,7 +15,7 @@
 #include <QPointer>
 #include <QPrinterInfo>
 #include <QVBoxLayout>
-#include <algorithm>
+#include <utility>
 
 namespace pixmo::qt {
 
@@ -81,15 +83,17 @@ std::optional<std::string> Printers::choose(intptr_t, int32_t) {
 }
 
 std::unique_ptr<pixmo::PrinterDevice> Printers::open() {
+    auto chosen = target();
+    return chosen ? std::make_unique<PrinterDevice>(std::move(chosen)) : nullptr;
+}
+
+/// nullptr where the queue is gone.
+std::unique_ptr<PrintTarget> Printers::target() const {
     const std::string name = currentName();
-    const bool toFile = name == FileName;
-    auto device =
-        std::make_unique<PrinterDevice>(toFile ? QString() : toQt(name), [this](const QString& documentName) {
-            return askPath(documentName);
-        });
-    if (!device->isValid())
-        return nullptr;
-    return device;
+    if (name == FileName)
+        return std::make_unique<FileTarget>([this](const QString& document) { return askPath(document); });
+    const QPrinterInfo queue = QPrinterInfo::printerInfo(toQt(name));
+    return queue.isNull() ? nullptr : std::make_unique<QueueTarget>(queue);
 }
 
 std::optional<QString> Printers::askPath(const QString& documentName) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/platform/printers.h"
+#include "faces/qt/printtarget.h"
 #include "faces/qt/widgetlink.h"
 
 #include <QString>
@@ -23,6 +24,7 @@ public:
 
 private:
     std::optional<QString> askPath(const QString& documentName) const;
+    std::unique_ptr<PrintTarget> target() const;
 
     SharedWidgetLink link_;
     std::string current_;

@@ -21,6 +21,7 @@ struct PrinterScript {
     int32_t endDoc = 1;
     int32_t vanishesAtPage = 0; ///< StartPage of that page fails
     bool drawsPictures = true;
+    std::string problem;
     /// Text is as wide as it has characters times half the font's height.
     std::vector<std::string> record; ///< calls in their order
     std::vector<LogFont> fonts;
@@ -51,6 +52,7 @@ public:
     int32_t EndPage() override;
     int32_t EndDoc() override;
     void AbortDoc() override { script_->record.emplace_back("abort"); }
+    std::string problem() const override { return script_->problem; }
 
 private:
     std::shared_ptr<PrinterScript> script_;

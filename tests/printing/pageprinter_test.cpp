@@ -25,7 +25,8 @@ Raster picture(int32_t width, int32_t height, double xResolution, double yResolu
 class Client : public PrintClient {
 public:
     Raster printedPage(int16_t page) override {
-        ++loaded;
+        if (onLoad)
+            onLoad();
         if (page == missing)
             throw Error(error_number::InvalidPicture, "Error rendering image.");
         return given;
@@ -36,7 +37,7 @@ public:
 
     Raster given = picture(850, 1100, 100, 100);
     int16_t missing = 0;
-    int loaded = 0;
+    std::function<void()> onLoad;
     int steps = 1000;
     std::vector<std::string> statuses;
     std::vector<std::string> log;
@@ -83,6 +84,8 @@ TEST_F(PagePrinterTest, PicturesArePlaced) {
          "bits 600x300 of 0,0 600x300 at 750,1087 900x900"},
         {"too high, full size", picture(800, 1200, 100, 100), FullSize, false, false,
          "bits 800x1200 of 0,75 800x1050 at 0,0 2400x3150"},
+        {"a part of a page, never turned", picture(400, 300, 100, 100), CurrentView, false, false,
+         "bits 400x300 of 0,0 400x300 at 0,675 2400x1800"},
     };
     box.answers.assign(10, Answer::Yes);
     for (const auto& each : cases) {
@@ -96,13 +99,6 @@ TEST_F(PagePrinterTest, PicturesArePlaced) {
         EXPECT_TRUE(print().completed);
         EXPECT_THAT(script.record, Contains(HasSubstr(each.drawn)));
     }
-}
-
-TEST_F(PagePrinterTest, TheCurrentViewFillsThePaper) {
-    request.scale = CurrentView;
-    request.viewPart = {100, 200, 400, 300};
-    EXPECT_TRUE(print().completed);
-    EXPECT_THAT(script.record, Contains("bits 850x1100 of 100,200 400x300 at 0,675 2400x1800"));
 }
 
 TEST_F(PagePrinterTest, AnUnknownScaleFails) {
@@ -127,6 +123,9 @@ TEST_F(PagePrinterTest, CaptionAndNumberStandAtTheEdges) {
     request.caption = std::string(90, 'a') + "\u00FC\u00FC\u00FC\u00FC\u00FC\u00FC\u00FC";
     print();
     EXPECT_THAT(script.record, Contains("text 0,0 " + std::string(90, 'a') + "\u00FC\u00FC\u00FC..."));
+    request.caption = "two\r\nlines";
+    print();
+    EXPECT_THAT(script.record, Contains(HasSubstr("two  lines")));
     EXPECT_EQ(script.liveFonts, 0);
 }
 
@@ -185,12 +184,15 @@ TEST_F(PagePrinterTest, AJobThatBreaksOffQueuesNothing) {
         const char* what;
         std::function<void()> set;
         bool isError, isAborted;
+        std::string reason = {};
     } const cases[] = {
         {"no such printer", [&] { script.opens = false; }, true, false},
         {"no job", [&] { script.opens = true, script.startDoc = spool::Error; }, true, true},
         {"withdrawn by the user", [&] { script.startDoc = spool::UserAbort; }, false, false},
         {"vanishes", [&] { script.startDoc = 1, script.vanishesAtPage = 2; }, true, true},
-        {"spooling fails", [&] { script.vanishesAtPage = 0, script.endDoc = 0; }, true, true},
+        {"spooling fails",
+         [&] { script.vanishesAtPage = 0, script.endDoc = 0, script.problem = "No such queue."; }, true, true,
+         ": No such queue."},
         {"cancelled", [&] { script.endDoc = 1, client.steps = 2; }, false, true},
     };
     for (const auto& each : cases) {
@@ -200,7 +202,7 @@ TEST_F(PagePrinterTest, AJobThatBreaksOffQueuesNothing) {
         EXPECT_FALSE(result.completed);
         EXPECT_EQ(result.pagesQueued, 0);
         EXPECT_EQ(result.errors,
-                  each.isError ? std::vector<std::string>{"Printer error"} : std::vector<std::string>());
+                  each.isError ? std::vector{"Printer error" + each.reason} : std::vector<std::string>());
         EXPECT_EQ(std::count(script.record.begin(), script.record.end(), "abort"), each.isAborted ? 1 : 0);
         EXPECT_EQ(script.openDevices, 0);
     }
@@ -220,6 +222,10 @@ TEST_F(PagePrinterTest, CopiesAndPaper) {
     EXPECT_EQ(print().pagesQueued, 2);
     EXPECT_EQ(std::count(script.record.begin(), script.record.end(), "page"), 2);
     EXPECT_THAT(client.log, ElementsAre("Printed page: 1", "Printed page: 2"));
+    // The device would repeat the cover sheet.
+    request.hasCoverSheet = true;
+    print();
+    EXPECT_EQ(std::count(script.record.begin(), script.record.end(), "page"), 1 + 3 * 2);
 }
 
 TEST_F(PagePrinterTest, ThePreviewDrawsWhatIsPrinted) {
@@ -241,6 +247,19 @@ TEST_F(PagePrinterTest, ThePreviewDrawsWhatIsPrinted) {
     for (int32_t sheet = 0; sheet < preview.sheetCount(); ++sheet)
         EXPECT_EQ(preview.draw(sheet, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);
     EXPECT_EQ(script.record, printed);
+}
+
+// While the preview waits for one page, the user asks for the next.
+TEST_F(PagePrinterTest, ThePreviewIsOvertaken) {
+    request.pages = {1, 2};
+    PrintPreview preview(errors, box, printers, client, request);
+    client.onLoad = [&] {
+        client.onLoad = nullptr;
+        EXPECT_EQ(preview.draw(1, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);
+    };
+    EXPECT_EQ(preview.draw(0, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);
+    EXPECT_EQ(script.record.size(), 2U);
+    EXPECT_EQ(script.openDevices, 1) << "the printer that tells the metrics";
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "core/printing/dlgprint.h"
+#include "core/printing/printpreview.h"
 #include "tests/control/logreader.h"
 
 #include <gmock/gmock.h>
@@ -152,6 +153,88 @@ TEST_F(PrintJobTest, AVetoPrintsNothing) {
     EXPECT_THAT(texts(), IsEmpty());
 }
 
+// The user goes on looking at other things while pages are fetched.
+TEST_F(PrintJobTest, TheCurrentViewIsTheOneOfTheMomentOfPrinting) {
+    const auto printView = [this](const std::function<void(dlgPrint&)>& act) {
+        drawn().clear();
+        printInDialog([&](dlgPrint& dialog) {
+            dialog.optImageScale_Click(CurrentView);
+            act(dialog);
+        });
+        return std::count_if(drawn().begin(), drawn().end(), [](const std::string& line) {
+            return line.rfind("bits 40x60 of 0,0 40x60 at ", 0) == 0;
+        });
+    };
+    control.viewSurface->viewWidth = 40;
+    control.viewSurface->viewHeight = 60;
+    view().lvrImage().resize();
+    view().lvrImage().setSizeMode(SizeMode::Zoom);
+    view().lvrImage().setSurfaceResolution(300);
+    view().lvrImage().setZoom(100);
+    view().events().PrintJobBegin.connect([this](int16_t, const std::string&, bool&) {
+        view().lvrImage().rotateRight();
+        view().setProperty("Page", int16_t{3});
+    });
+    EXPECT_EQ(printView([](dlgPrint&) {}), 1);
+    finishPage(3);
+    EXPECT_EQ(printView([this](dlgPrint&) { view().setProperty("Page", int16_t{4}); }), 0)
+        << "the view waits for page 4";
+    ASSERT_EQ(texts().size(), 1U);
+    EXPECT_EQ(texts().back(), "The following error(s) where reported while printing:\r\n"
+                              "Page 3: Error rendering image.");
+}
+
+TEST_F(PrintJobTest, OneJobAtATime) {
+    control.printWindows->onPrint = [this](dlgPrint& dialog) {
+        view().runCommand("PRINT");
+        view().runCommand("QUICKPRINT");
+        EXPECT_EQ(view().printJob().print({{2}}), 0);
+        dialog.cmdPrint_Click();
+    };
+    view().events().PrintJobFinish.connect(
+        [this](int16_t, const std::string&) { EXPECT_EQ(view().printJob().print({{2}}), 0); });
+    view().runCommand("PRINT");
+    EXPECT_EQ(control.printWindows->dialogsShown, 1);
+    EXPECT_EQ(sheets(), 1);
+    EXPECT_EQ(happened.back(), "finish 1 5");
+    happened.clear();
+    EXPECT_EQ(view().printJob().print({{2}}), 1);
+    EXPECT_EQ(happened.size(), 3U);
+}
+
+TEST_F(PrintJobTest, ThePreviewFetchesAndGivesUpWhenItIsClosed) {
+    view().runCommand("QUICKPRINT");
+    view().printJob().cancel();
+    const auto draw = [this](PrintPreview& preview) {
+        return preview.draw(0, std::make_unique<scripted::PrinterDevice>(control.printers->script));
+    };
+    std::vector<int32_t> results;
+    const auto previewOf = [&](const char* page) {
+        drawn().clear();
+        control.printWindows->onPrint = [page](dlgPrint& dialog) {
+            dialog.optPrintType_Click(PageRange);
+            dialog.txtFromPage_Change(page);
+            dialog.txtToPage_Change(page);
+            dialog.cmdPreview_Click();
+            dialog.cmdCancel_Click();
+        };
+        view().runCommand("PRINT");
+    };
+    control.printWindows->onPreview = [&](PrintPreview& preview) {
+        control.eventLoop->post([&preview] { preview.close(); });
+        results.push_back(draw(preview));
+    };
+    previewOf("4");
+    EXPECT_THAT(results, ElementsAre(error_number::InvalidPicture));
+    EXPECT_FALSE(control.eventLoop->ranDry);
+    control.printWindows->onPreview = [&](PrintPreview& preview) { results.push_back(draw(preview)); };
+    servePages();
+    previewOf("6");
+    EXPECT_EQ(results.back(), 0);
+    EXPECT_THAT(drawn(), Contains(HasSubstr("bits 100x200")));
+    EXPECT_THAT(happened, testing::Not(Contains(HasSubstr("finish 0"))));
+}
+
 TEST_F(PrintJobTest, OnePageThatFailsCancelsTheJob) {
     control.reader->onStart = [this](const AsyncRequest& request) {
         control.eventLoop->post([this, tag = request.PropertyName] {
@@ -214,15 +297,19 @@ TEST_F(PrintJobTest, SeveralCopiesAreConfirmed) {
 }
 
 TEST_F(PrintJobTest, ErrorsAreReportedAtTheEnd) {
+    LogReader log(control);
+    const std::string intro = "The following error(s) where reported while printing:\r\n";
     control.printers->script->drawsPictures = false;
     view().runCommand("QUICKPRINT");
-    EXPECT_THAT(texts(), ElementsAre("The following error(s) where reported while printing:\r\n"
-                                     "Page 2: Error rendering image."));
+    EXPECT_THAT(texts(), ElementsAre(intro + "Page 2: Error rendering image."));
     EXPECT_EQ(happened.back(), "finish 0 5");
+    EXPECT_THAT(log.messages(), HasSubstr("cLeadImageFunctions.imgQueuePage"));
     control.printers->script->opens = false;
     view().runCommand("QUICKPRINT");
-    EXPECT_EQ(texts().back(), "The following error(s) where reported while printing:\r\nPrinter error");
+    EXPECT_EQ(texts().back(), intro + "Printer error");
     EXPECT_EQ(happened.back(), "finish 0 5");
+    EXPECT_THAT(log.messages(), HasSubstr("cLeadImageFunctions.imgPrintDoc"));
+    EXPECT_EQ(view().statusText(), "");
 }
 
 TEST_F(PrintJobTest, DebugInfoIsShownWhereItIsSet) {

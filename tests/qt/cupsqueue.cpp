@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <grp.h>
+#include <pwd.h>
 #include <unistd.h>
 
 namespace pixmo::qt {
@@ -13,6 +15,7 @@ namespace {
 constexpr const char* Rules = R"(LogLevel info
 Listen @/run/cups.sock
 Browsing No
+DefaultPaperSize None
 DefaultAuthType None
 WebInterface No
 <Location />
@@ -27,16 +30,71 @@ WebInterface No
 </Policy>
 )";
 
+/// Keeps the file of a job and what it came with.
 constexpr const char* Backend = R"(#!/bin/sh
 [ $# -ge 5 ] || exit 0
-echo "$5 copies=$4" >"${DEVICE_URI#keep:}.options"
-if [ $# -ge 6 ]; then cat "$6"; else cat; fi >"${DEVICE_URI#keep:}.part"
-mv "${DEVICE_URI#keep:}.part" "${DEVICE_URI#keep:}"
+out=${DEVICE_URI#keep:}
+if [ $# -ge 6 ]; then cat "$6"; else cat; fi >"$out"
+echo "$1|$3|$4|$5" >"$out.part"
+mv "$out.part" "$out.options"
 )";
+
+/// A printer for Letter, A4 and A3 that reaches no quarter of an inch at the sides and no half at the ends.
+constexpr const char* Description = R"ppd(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "KEEPER.PPD"
+*Manufacturer: "Pixmo"
+*Product: "(Keeper)"
+*ModelName: "Keeper"
+*ShortNickName: "Keeper"
+*NickName: "Keeper"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: True
+*DefaultColorSpace: RGB
+*cupsFilter: "application/pdf 0 -"
+*OpenUI *PageSize: PickOne
+*OrderDependency: 10 AnySetup *PageSize
+*DefaultPageSize: Letter
+*PageSize Letter: "<</PageSize[612 792]>>setpagedevice"
+*PageSize A4: "<</PageSize[595 842]>>setpagedevice"
+*PageSize A3: "<</PageSize[842 1191]>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion: PickOne
+*OrderDependency: 10 AnySetup *PageRegion
+*DefaultPageRegion: Letter
+*PageRegion Letter: "<</PageSize[612 792]>>setpagedevice"
+*PageRegion A4: "<</PageSize[595 842]>>setpagedevice"
+*PageRegion A3: "<</PageSize[842 1191]>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: Letter
+*ImageableArea Letter: "18 36 594 756"
+*ImageableArea A4: "18 36 577 806"
+*ImageableArea A3: "18 36 824 1155"
+*DefaultPaperDimension: Letter
+*PaperDimension Letter: "612 792"
+*PaperDimension A4: "595 842"
+*PaperDimension A3: "842 1191"
+*DefaultFont: Courier
+*Font Courier: Standard "(1.0)" Standard ROM
+)ppd";
+
+bool isRoot() {
+    return getuid() == 0;
+}
 
 /// A scheduler that runs as root hands its work to somebody else.
 QByteArray worker() {
-    return getuid() == 0 ? QByteArray("lp") : qgetenv("USER");
+    const passwd* const self = getpwuid(getuid());
+    return isRoot() || !self ? QByteArray("lp") : QByteArray(self->pw_name);
+}
+
+QByteArray workersGroup() {
+    const group* const own = getgrgid(getgid());
+    return isRoot() || !own ? QByteArray("lp") : QByteArray(own->gr_name);
 }
 
 } // namespace
@@ -46,18 +104,11 @@ CupsQueue::CupsQueue() {
     makeBackend();
     write(QStringLiteral("cupsd.conf"), QByteArray(Rules).replace("@", folder_.path().toLocal8Bit()));
     write(QStringLiteral("cups-files.conf"), files());
-    const QString path = folder_.path();
-    scheduler_.start(QStringLiteral(PIXMO_CUPSD),
-                     {QStringLiteral("-f"), QStringLiteral("-c"), path + QStringLiteral("/cupsd.conf"),
-                      QStringLiteral("-s"), path + QStringLiteral("/cups-files.conf")});
-    const QString socket = path + QStringLiteral("/run/cups.sock");
-    if (!waitFor([&] { return QFile::exists(socket); }, 5'000))
+    write(QStringLiteral("keeper.ppd"), Description);
+    if (startScheduler() && add())
         return;
-    qputenv("CUPS_SERVER", socket.toLocal8Bit());
-    ready_ = QProcess::execute(QStringLiteral(PIXMO_LPADMIN),
-                               {QStringLiteral("-p"), QString::fromLatin1(Name), QStringLiteral("-E"),
-                                QStringLiteral("-v"), QStringLiteral("keep:") + job(), QStringLiteral("-m"),
-                                QStringLiteral("raw")}) == 0;
+    problem_ = "No print system can be started: " + scheduler_.errorString().toStdString() + "\n" +
+               scheduler_.readAll().toStdString() + read(QStringLiteral("log/error"));
 }
 
 CupsQueue::~CupsQueue() {
@@ -65,12 +116,37 @@ CupsQueue::~CupsQueue() {
     scheduler_.waitForFinished(5'000);
 }
 
+bool CupsQueue::startScheduler() {
+    const QString path = folder_.path();
+    const QString socket = path + QStringLiteral("/run/cups.sock");
+    qputenv("CUPS_SERVER", socket.toLocal8Bit());
+    scheduler_.setProcessChannelMode(QProcess::MergedChannels);
+    scheduler_.start(QStringLiteral(PIXMO_CUPSD),
+                     {QStringLiteral("-f"), QStringLiteral("-c"), path + QStringLiteral("/cupsd.conf"),
+                      QStringLiteral("-s"), path + QStringLiteral("/cups-files.conf")});
+    return waitFor([&] { return QFile::exists(socket) || scheduler_.state() == QProcess::NotRunning; },
+                   30'000) &&
+           scheduler_.state() == QProcess::Running;
+}
+
+bool CupsQueue::add() {
+    return admin("lpadmin", {QStringLiteral("-p"), QString::fromLatin1(Name), QStringLiteral("-E"),
+                             QStringLiteral("-v"), QStringLiteral("keep:") + job(), QStringLiteral("-P"),
+                             folder_.filePath(QStringLiteral("keeper.ppd"))}) == 0;
+}
+
+int CupsQueue::admin(const char* program, const QStringList& arguments) const {
+    return QProcess::execute(QStringLiteral(PIXMO_PRINT_PROGRAMS "/") + QString::fromLatin1(program),
+                             arguments);
+}
+
+// The worker needs to pass the folder and to write in it.
 void CupsQueue::makeFolders() const {
     const QDir root(folder_.path());
     QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
     for (const char* name : {"root", "cache", "state", "spool/tmp", "run", "log", "out", "bin/backend"})
         root.mkpath(QString::fromLatin1(name));
-    if (getuid() == 0)
+    if (isRoot())
         QProcess::execute(QStringLiteral("chown"),
                           {QStringLiteral("-R"), QStringLiteral("lp:lp"),
                            root.filePath(QStringLiteral("out")), root.filePath(QStringLiteral("spool")),
@@ -88,8 +164,7 @@ QByteArray CupsQueue::files() const {
     return "ServerRoot " + root + "/root\nCacheDir " + root + "/cache\nStateDir " + root +
            "/state\nRequestRoot " + root + "/spool\nTempDir " + root + "/spool/tmp\nServerBin " + root +
            "/bin\nDataDir /usr/share/cups\nAccessLog " + root + "/log/access\nErrorLog " + root +
-           "/log/error\nPageLog " + root + "/log/page\nUser " + worker() + "\nGroup " +
-           (getuid() == 0 ? QByteArray("lp") : worker()) + "\n";
+           "/log/error\nPageLog " + root + "/log/page\nUser " + worker() + "\nGroup " + workersGroup() + "\n";
 }
 
 void CupsQueue::write(const QString& name, const QByteArray& text) const {
@@ -98,9 +173,19 @@ void CupsQueue::write(const QString& name, const QByteArray& text) const {
         file.write(text);
 }
 
-QByteArray CupsQueue::options() const {
-    QFile file(job() + QStringLiteral(".options"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+std::string CupsQueue::read(const QString& name) const {
+    QFile file(folder_.filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toStdString() : std::string();
+}
+
+std::string CupsQueue::options() const {
+    const QString name = QStringLiteral("out/job.pdf.options");
+    return waitFor([&] { return QFile::exists(folder_.filePath(name)); }) ? read(name) : "nothing came out";
+}
+
+void CupsQueue::forgetJob() const {
+    QFile::remove(job());
+    QFile::remove(job() + QStringLiteral(".options"));
 }
 
 } // namespace pixmo::qt

@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QTemporaryDir>
+#include <string>
 
 namespace pixmo::qt {
 
@@ -16,20 +17,32 @@ public:
     CupsQueue(const CupsQueue&) = delete;
     CupsQueue& operator=(const CupsQueue&) = delete;
 
-    bool isReady() const { return ready_; }
+    /// Why there is no queue; "" when there is one.
+    const std::string& problem() const { return problem_; }
+
+    /// Makes the queue anew, ready for jobs.
+    bool add();
+    void remove() const { admin("lpadmin", {QStringLiteral("-x"), QString::fromLatin1(Name)}); }
+    void refuseJobs() const { admin("cupsreject", {QString::fromLatin1(Name)}); }
+
+    /// The file that the last job was.
     QString job() const { return folder_.filePath(QStringLiteral("out/job.pdf")); }
-    /// The options that the last job came with.
-    QByteArray options() const;
+    /// What the last job came with: "number|title|copies|options", once it is there.
+    std::string options() const;
+    void forgetJob() const;
 
 private:
     void write(const QString& name, const QByteArray& text) const;
     void makeFolders() const;
     void makeBackend() const;
     QByteArray files() const;
+    bool startScheduler();
+    int admin(const char* program, const QStringList& arguments) const;
+    std::string read(const QString& name) const;
 
     QTemporaryDir folder_{QStringLiteral("/tmp/pixmo-cups-XXXXXX")};
     QProcess scheduler_;
-    bool ready_ = false;
+    std::string problem_;
 };
 
 } // namespace pixmo::qt

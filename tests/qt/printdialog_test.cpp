@@ -90,15 +90,14 @@ TEST_F(PrintWindow, ThePreviewFetchesWhatItShows) {
             }},
            {"PrintPreview",
             [](QDialog& window) {
-                bool turned = false;
-                for (QLabel* label : window.findChildren<QLabel*>())
-                    turned = turned || label->text() == QStringLiteral("Sheet 1 of 12");
-                EXPECT_TRUE(turned);
+                auto* const text = window.findChild<QLabel*>(QStringLiteral("sheetText"));
+                auto* const sheet = window.findChild<QLabel*>(QStringLiteral("sheet"));
+                EXPECT_TRUE(waitFor([&] { return !sheet->pixmap(Qt::ReturnByValue).isNull(); }));
+                EXPECT_EQ(text->text(), QStringLiteral("Sheet 1 of 12"));
+                const qint64 first = sheet->pixmap(Qt::ReturnByValue).cacheKey();
                 QTest::keyClick(&window, Qt::Key_End);
-                turned = false;
-                for (QLabel* label : window.findChildren<QLabel*>())
-                    turned = turned || label->text() == QStringLiteral("Sheet 12 of 12");
-                EXPECT_TRUE(turned);
+                EXPECT_EQ(text->text(), QStringLiteral("Sheet 12 of 12"));
+                EXPECT_TRUE(waitFor([&] { return sheet->pixmap(Qt::ReturnByValue).cacheKey() != first; }));
                 press(window, "&Close");
             }},
            {"dlgPrint", [](QDialog& window) {
