@@ -70,9 +70,10 @@ TEST_P(Activation, aSiteMayRefuse) {
 // Tab, Esc, function keys and mnemonics are the host's; so is whatever the control has no use for.
 TEST_P(Activation, keysOfTheHostReachIt) {
     ASSERT_EQ(host.verb(OLEIVERB_UIACTIVATE), S_OK);
-    const std::pair<UINT, WPARAM> keys[] = {{WM_KEYDOWN, VK_TAB},   {WM_KEYDOWN, VK_ESCAPE}, {WM_KEYDOWN, VK_F1},
-                                            {WM_KEYDOWN, VK_F5},    {WM_KEYDOWN, VK_F12},    {WM_KEYDOWN, VK_RETURN},
-                                            {WM_SYSKEYDOWN, 'F'},   {WM_SYSCHAR, 'f'},       {WM_SYSKEYDOWN, VK_F4}};
+    const std::pair<UINT, WPARAM> keys[] = {
+        {WM_KEYDOWN, VK_TAB}, {WM_KEYDOWN, VK_ESCAPE}, {WM_KEYDOWN, VK_F1},
+        {WM_KEYDOWN, VK_F5},  {WM_KEYDOWN, VK_F12},    {WM_KEYDOWN, VK_RETURN},
+        {WM_SYSKEYDOWN, 'F'}, {WM_SYSCHAR, 'f'},       {WM_SYSKEYDOWN, VK_F4}};
     std::vector<WPARAM> offered;
     for (const auto& [kind, key] : keys) {
         MSG message{host.controlWindow(), kind, key, kind == WM_KEYDOWN ? 1 : 0x20000001, 0, {}};

@@ -57,7 +57,7 @@ TEST_F(Automation, refusalsAreExplained) {
     for (const Refusal& refusal : refusals) {
         const std::string before = host.text(refusal.property);
         Variant value = refusal.property == std::wstring_view(L"PublicKey") ? Variant(string_view())
-                                                                           : Variant(refusal.value);
+                                                                            : Variant(refusal.value);
         EXPECT_EQ(host.put(refusal.property, std::move(value)), refusal.result);
         EXPECT_EQ(host.problem(), refusal.description);
         EXPECT_EQ(host.problemSource(), "VellaneInet.ImageView." + toUtf8(refusal.property));
@@ -109,9 +109,11 @@ TEST_F(Automation, theLastErrorComesBackByReference) {
     Bstr source(string_view("old"));
     Bstr description;
     Bstr file;
-    EXPECT_EQ(view->GetLastError(&number, source.receive(), description.receive(), file.receive(), &context), S_OK);
+    EXPECT_EQ(view->GetLastError(&number, source.receive(), description.receive(), file.receive(), &context),
+              S_OK);
     EXPECT_EQ(number, 0);
-    EXPECT_EQ(view->GetLastError(&number, nullptr, description.receive(), file.receive(), &context), E_POINTER);
+    EXPECT_EQ(view->GetLastError(&number, nullptr, description.receive(), file.receive(), &context),
+              E_POINTER);
 
     variables[4] = Variant(string_view("no number"));
     EXPECT_EQ(host.call(L"GetLastError", {arguments, nullptr, 5, 0}), DISP_E_TYPEMISMATCH);

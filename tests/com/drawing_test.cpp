@@ -56,8 +56,8 @@ protected:
     Drawing() { host.initialise(); }
 
     HRESULT draw(HDC target, const RECTL& bounds) {
-        return host.as<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target, &bounds, nullptr,
-                                             nullptr, 0);
+        return host.as<IViewObject2>()->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, target, &bounds,
+                                             nullptr, nullptr, 0);
     }
 
     Library library;
@@ -118,8 +118,8 @@ TEST_P(Drawing, refusesWhatItDoesNotOffer) {
     EXPECT_EQ(formats->Skip(1), S_FALSE);
     const RECTL bounds{0, 0, 10, 10};
     const Canvas canvas(10, 10);
-    EXPECT_EQ(host.as<IViewObject2>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, canvas.target(), &bounds,
-                                            nullptr, nullptr, 0),
+    EXPECT_EQ(host.as<IViewObject2>()->Draw(DVASPECT_ICON, -1, nullptr, nullptr, nullptr, canvas.target(),
+                                            &bounds, nullptr, nullptr, 0),
               DV_E_DVASPECT);
     EXPECT_EQ(draw(nullptr, bounds), E_INVALIDARG);
 }

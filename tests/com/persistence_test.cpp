@@ -52,7 +52,8 @@ TEST_P(Persistence, keysAreTheControlsOwn) {
     SIZEL size{9000, 7000};
     host.as<IOleObject>()->SetExtent(DVASPECT_CONTENT, &size);
     const BagContents kept = host.save();
-    const std::vector<std::wstring> order{L"EngineAddress", L"ImageDesc", L"MinEventLevel", L"_ExtentX", L"_ExtentY"};
+    const std::vector<std::wstring> order{L"EngineAddress", L"ImageDesc", L"MinEventLevel", L"_ExtentX",
+                                          L"_ExtentY"};
     EXPECT_EQ(kept.written, order);
 }
 
@@ -66,7 +67,8 @@ protected:
         host.put(L"FetchDelay", Variant(int32_t{150}));
         host.put(L"BackColor", Variant(int32_t{0x00336699}));
         host.put(L"PrintPageNums", Variant(false));
-        host.put(L"PrintCaption", Variant(string_view("Grundst\xC3\xBC" "ck \xE2\x82\xAC")));
+        host.put(L"PrintCaption", Variant(string_view("Grundst\xC3\xBC"
+                                                      "ck \xE2\x82\xAC")));
         const auto font = makeFontObject({"Courier New", 11.25, true, false, true, false});
         host.put(L"Font", Variant(static_cast<IDispatch*>(font.get())));
         SIZEL size{9000, 7000};
@@ -77,10 +79,12 @@ protected:
         EXPECT_EQ(host.text(L"FetchDelay"), "150");
         EXPECT_EQ(host.text(L"BackColor"), std::to_string(0x00336699));
         EXPECT_EQ(host.text(L"PrintPageNums"), "False");
-        EXPECT_EQ(host.text(L"PrintCaption"), "Grundst\xC3\xBC" "ck \xE2\x82\xAC");
+        EXPECT_EQ(host.text(L"PrintCaption"), "Grundst\xC3\xBC"
+                                              "ck \xE2\x82\xAC");
         Variant font;
         ASSERT_EQ(host.get(L"Font", font), S_OK);
-        EXPECT_TRUE(fontOf(*font.object().as<IFont>()) == Font({"Courier New", 11.25, true, false, true, false}));
+        EXPECT_TRUE(fontOf(*font.object().as<IFont>()) ==
+                    Font({"Courier New", 11.25, true, false, true, false}));
         SIZEL size{};
         host.as<IOleObject>()->GetExtent(DVASPECT_CONTENT, &size);
         EXPECT_EQ(size.cx, 9000);
@@ -122,8 +126,9 @@ TEST_F(KeptControl, returnsFromAStream) {
 TEST_F(KeptControl, returnsFromACompoundDocument) {
     change(first);
     ComPtr<IStorage> storage;
-    ASSERT_EQ(StgCreateDocfile(nullptr, STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE | STGM_DELETEONRELEASE,
-                               0, storage.receive()),
+    ASSERT_EQ(StgCreateDocfile(nullptr,
+                               STGM_CREATE | STGM_READWRITE | STGM_SHARE_EXCLUSIVE | STGM_DELETEONRELEASE, 0,
+                               storage.receive()),
               S_OK);
     const auto keeper = first.as<IPersistStorage>();
     ASSERT_EQ(keeper->Save(storage.get(), FALSE), S_OK);
@@ -159,14 +164,14 @@ TEST_F(KeptControl, isNotReplacedByATornStream) {
 // As page authors and older forms write them.
 TEST_F(KeptControl, readsTextInPlaceOfNumbers) {
     BagContents contents;
-    contents.texts = {{L"FetchDelay", L"75"},      {L"PrintPageNums", L"0"}, {L"ThumbsAvailable", L"true"},
-                      {L"EncBytes", L"many"},      {L"Delimiter", L"  |x"},  {L"PublicKey", L""},
+    contents.texts = {{L"FetchDelay", L"75"},       {L"PrintPageNums", L"0"}, {L"ThumbsAvailable", L"true"},
+                      {L"EncBytes", L"many"},       {L"Delimiter", L"  |x"},  {L"PublicKey", L""},
                       {L"PrintImageDesc", L"lost"}, {L"Font", L"Arial"}};
     second.load(contents);
     for (const auto& [name, value] :
-         {std::pair{L"FetchDelay", "75"}, std::pair{L"PrintPageNums", "False"}, std::pair{L"ThumbsAvailable", "True"},
-          std::pair{L"EncBytes", "1640"}, std::pair{L"Delimiter", "|"}, std::pair{L"PublicKey", "OrrelKeyset qFlow"},
-          std::pair{L"PrintImageDesc", ""}})
+         {std::pair{L"FetchDelay", "75"}, std::pair{L"PrintPageNums", "False"},
+          std::pair{L"ThumbsAvailable", "True"}, std::pair{L"EncBytes", "1640"}, std::pair{L"Delimiter", "|"},
+          std::pair{L"PublicKey", "OrrelKeyset qFlow"}, std::pair{L"PrintImageDesc", ""}})
         EXPECT_EQ(second.text(name), value) << toUtf8(name);
 }
 

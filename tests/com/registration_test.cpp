@@ -20,7 +20,8 @@ void add(Snapshot& snapshot, HKEY key, const std::wstring& path) {
     for (DWORD at = 0;; ++at) {
         auto length = static_cast<DWORD>(name.size());
         auto size = static_cast<DWORD>(data.size());
-        if (RegEnumValueW(key, at, name.data(), &length, nullptr, nullptr, data.data(), &size) != ERROR_SUCCESS)
+        if (RegEnumValueW(key, at, name.data(), &length, nullptr, nullptr, data.data(), &size) !=
+            ERROR_SUCCESS)
             break;
         snapshot[path + L"=" + name.data()] =
             std::wstring(reinterpret_cast<const wchar_t*>(data.data()), size / sizeof(wchar_t));
@@ -50,8 +51,9 @@ std::wstring valueOf(HKEY root, const std::wstring& key, const wchar_t* name = n
     wchar_t text[MAX_PATH] = {};
     DWORD size = sizeof text;
     const std::wstring path = L"Software\\Classes\\" + key;
-    return RegGetValueW(root, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size) == ERROR_SUCCESS ? text
-                                                                                                        : L"<none>";
+    return RegGetValueW(root, path.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size) == ERROR_SUCCESS
+               ? text
+               : L"<none>";
 }
 
 /// Where the registration goes and how it is asked for.
@@ -82,7 +84,8 @@ TEST_P(Registration, leavesTheRegistryAsItWas) {
     const Snapshot user = classesOf(HKEY_CURRENT_USER);
     ASSERT_EQ(GetParam().write(library), S_OK);
     ASSERT_EQ(GetParam().write(library), S_OK) << "a second time changes nothing";
-    EXPECT_GT(classesOf(GetParam().root).size(), (GetParam().root == HKEY_CURRENT_USER ? user : machine).size());
+    EXPECT_GT(classesOf(GetParam().root).size(),
+              (GetParam().root == HKEY_CURRENT_USER ? user : machine).size());
     EXPECT_EQ(GetParam().remove(library), S_OK);
     EXPECT_TRUE(classesOf(HKEY_LOCAL_MACHINE) == machine);
     EXPECT_TRUE(classesOf(HKEY_CURRENT_USER) == user);
@@ -101,13 +104,16 @@ TEST_P(Registration, tellsHostsWhatTheControlIs) {
     DWORD status = 0;
     const auto control = library.makeControl().as<IOleObject>();
     ASSERT_EQ(control->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
-    EXPECT_EQ(valueOf(root, key + L"\\MiscStatus\\1"), std::to_wstring(status)) << "as the control itself says";
+    EXPECT_EQ(valueOf(root, key + L"\\MiscStatus\\1"), std::to_wstring(status))
+        << "as the control itself says";
     const Snapshot classes = classesOf(root);
-    for (const wchar_t* category : {L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}",
-                                    L"{7DD95802-9882-11CF-9FA9-00AA006C42C4}"})
+    for (const wchar_t* category :
+         {L"{40FC6ED4-2438-11CF-A3DB-080036F12502}", L"{7DD95801-9882-11CF-9FA9-00AA006C42C4}",
+          L"{7DD95802-9882-11CF-9FA9-00AA006C42C4}"})
         EXPECT_EQ(classes.count(L"\\" + key + L"\\Implemented Categories\\" + category), 1U);
     EXPECT_EQ(classes.count(L"\\" + key + L"\\Control"), 1U);
-    EXPECT_EQ(classes.count(L"\\" + key + L"\\Required Categories"), 0U) << "hosts would leave it out of their lists";
+    EXPECT_EQ(classes.count(L"\\" + key + L"\\Required Categories"), 0U)
+        << "hosts would leave it out of their lists";
     GetParam().remove(library);
 }
 
@@ -117,7 +123,8 @@ TEST_P(Registration, makesTheClassAndItsLibraryKnown) {
     EXPECT_EQ(CLSIDFromProgID(L"VellaneInet2.ImageView", &classId), S_OK);
     EXPECT_TRUE(IsEqualCLSID(classId, CLSID_ImageView));
     ComPtr<IUnknown> made;
-    EXPECT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.receiveAny()), S_OK);
+    EXPECT_EQ(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.receiveAny()),
+              S_OK);
     Bstr path;
     EXPECT_EQ(QueryPathOfRegTypeLib(LIBID_VellaneInet2, 1, 0, 0, path.receive()), S_OK);
     EXPECT_EQ(Bstr::viewOf(path.get()), Library::path());

@@ -25,8 +25,8 @@ std::string frozenText() {
     return frozen;
 }
 
-// Identities, numbers and signatures never change: a new version adds. Where it does, the frozen file gets the
-// new lines; the test's own output is the file.
+// Identities, numbers and signatures never change: a new version adds. Where it does, the frozen file gets
+// the new lines; the test's own output is the file.
 TEST(TypeLibrary, isAsHostsKnowIt) {
     const std::string built = describe(*builtLibrary());
     if (built != frozenText())

@@ -14,8 +14,8 @@ Container::Container(const Library& library, const HostProfile& profile) : contr
         connectEvents();
         return;
     }
-    site.window = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
-                                  500, 400, nullptr, nullptr, nullptr, nullptr);
+    site.window = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN,
+                                  0, 0, 500, 400, nullptr, nullptr, nullptr, nullptr);
     site.ambients[DISPID_AMBIENT_USERMODE] = Variant(profile.userMode);
     site.ambients[DISPID_AMBIENT_BACKCOLOR] = Variant(int32_t{0x00D0E0F0});
     site.ambients[DISPID_AMBIENT_LOCALEID] = Variant(int32_t{0x0409});
@@ -117,8 +117,8 @@ DISPID Container::idOf(const wchar_t* name) const {
 
 HRESULT Container::invoke(const wchar_t* name, WORD flags, DISPPARAMS parameters, VARIANT* result) const {
     EXCEPINFO exception{};
-    const HRESULT status = as<IDispatch>()->Invoke(idOf(name), IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                                   result, &exception, nullptr);
+    const HRESULT status = as<IDispatch>()->Invoke(idOf(name), IID_NULL, LOCALE_USER_DEFAULT, flags,
+                                                   &parameters, result, &exception, nullptr);
     problem_ = textOf(exception.bstrDescription);
     problemSource_ = textOf(exception.bstrSource);
     SysFreeString(exception.bstrDescription);

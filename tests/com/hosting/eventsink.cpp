@@ -9,9 +9,9 @@ namespace {
 
 const char* nameOf(DISPID event) {
     static const std::map<DISPID, const char*> names{
-        {DISPID_CLICK, "Click"},   {DISPID_DBLCLICK, "DblClick"}, {DISPID_KEYDOWN, "KeyDown"},
-        {DISPID_KEYPRESS, "KeyPress"}, {DISPID_KEYUP, "KeyUp"},   {1, "PrintJobBegin"},
-        {2, "PrintJobBeginEX"},    {3, "PrintJobFinish"},         {4, "PageChanged"},
+        {DISPID_CLICK, "Click"},       {DISPID_DBLCLICK, "DblClick"}, {DISPID_KEYDOWN, "KeyDown"},
+        {DISPID_KEYPRESS, "KeyPress"}, {DISPID_KEYUP, "KeyUp"},       {1, "PrintJobBegin"},
+        {2, "PrintJobBeginEX"},        {3, "PrintJobFinish"},         {4, "PageChanged"},
         {5, "BookmarkRequested"},
     };
     const auto found = names.find(event);

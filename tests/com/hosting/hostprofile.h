@@ -24,7 +24,8 @@ inline constexpr HostProfile FormRun{"formRun", true};
 inline constexpr HostProfile DatabaseForm{"databaseForm", true, true, true, false, false, false};
 inline constexpr HostProfile KeyboardStrict{"keyboardStrict", true, true, false, false, false, false, true};
 
-inline constexpr std::array AllProfiles{ScriptOnly, Browser, FormDesign, FormRun, DatabaseForm, KeyboardStrict};
+inline constexpr std::array AllProfiles{ScriptOnly, Browser,      FormDesign,
+                                        FormRun,    DatabaseForm, KeyboardStrict};
 inline constexpr std::array PlacedProfiles{Browser, FormDesign, FormRun, DatabaseForm, KeyboardStrict};
 
 inline void PrintTo(const HostProfile& profile, std::ostream* out) {

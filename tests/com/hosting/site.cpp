@@ -63,8 +63,7 @@ STDMETHODIMP ControlSitePart::OnFocus(BOOL focused) {
 STDMETHODIMP AmbientPart::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                                  UINT*) {
     const auto found = record_.ambients.find(member);
-    return found == record_.ambients.end() ? DISP_E_MEMBERNOTFOUND
-                                           : VariantCopy(result, found->second.get());
+    return found == record_.ambients.end() ? DISP_E_MEMBERNOTFOUND : VariantCopy(result, found->second.get());
 }
 
 STDMETHODIMP ServicePart::QueryService(REFGUID service, REFIID iid, void** object) {

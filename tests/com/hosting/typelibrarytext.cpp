@@ -43,8 +43,9 @@ std::string typeText(ITypeInfo& info, const TYPEDESC& type) {
 std::string parameterText(ITypeInfo& info, const ELEMDESC& parameter, const std::string& name) {
     const USHORT flags = parameter.paramdesc.wParamFlags;
     std::string text;
-    for (const auto& [flag, word] : {std::pair{PARAMFLAG_FIN, "in "}, std::pair{PARAMFLAG_FOUT, "out "},
-                                     std::pair{PARAMFLAG_FRETVAL, "retval "}, std::pair{PARAMFLAG_FOPT, "optional "}})
+    for (const auto& [flag, word] :
+         {std::pair{PARAMFLAG_FIN, "in "}, std::pair{PARAMFLAG_FOUT, "out "},
+          std::pair{PARAMFLAG_FRETVAL, "retval "}, std::pair{PARAMFLAG_FOPT, "optional "}})
         text += (flags & flag) ? word : "";
     return text + typeText(info, parameter.tdesc) + " " + name;
 }
@@ -88,7 +89,8 @@ std::string constantsText(ITypeInfo& info, const TYPEATTR& attributes) {
     for (UINT at = 0; at < attributes.cVars; ++at) {
         VARDESC* constant = nullptr;
         check(info.GetVarDesc(at, &constant));
-        text += "  " + nameOf(info, constant->memid) + " = " + std::to_string(constant->lpvarValue->lVal) + "\n";
+        text +=
+            "  " + nameOf(info, constant->memid) + " = " + std::to_string(constant->lpvarValue->lVal) + "\n";
         info.ReleaseVarDesc(constant);
     }
     return text;
@@ -109,8 +111,10 @@ std::string implementedText(ITypeInfo& info, const TYPEATTR& attributes) {
 }
 
 std::string typeInfoText(ITypeInfo& info) {
-    static const std::map<TYPEKIND, const char*> kinds{
-        {TKIND_ENUM, "enum"}, {TKIND_DISPATCH, "dispatch"}, {TKIND_COCLASS, "coclass"}, {TKIND_ALIAS, "alias"}};
+    static const std::map<TYPEKIND, const char*> kinds{{TKIND_ENUM, "enum"},
+                                                       {TKIND_DISPATCH, "dispatch"},
+                                                       {TKIND_COCLASS, "coclass"},
+                                                       {TKIND_ALIAS, "alias"}};
     TYPEATTR* attributes = nullptr;
     check(info.GetTypeAttr(&attributes));
     std::string text = std::string(kinds.at(attributes->typekind)) + " " + nameOf(info) + " " +
@@ -133,7 +137,8 @@ bool isHelpless(const std::function<HRESULT(BSTR*)>& askForHelp) {
 std::string describe(ITypeLib& library) {
     TLIBATTR* attributes = nullptr;
     check(library.GetLibAttr(&attributes));
-    std::string text = "library " + textOf(attributes->guid) + " " + std::to_string(attributes->wMajorVerNum) + "." +
+    std::string text = "library " + textOf(attributes->guid) + " " +
+                       std::to_string(attributes->wMajorVerNum) + "." +
                        std::to_string(attributes->wMinorVerNum) + "\n";
     library.ReleaseTLibAttr(attributes);
     for (UINT at = 0; at < library.GetTypeInfoCount(); ++at) {
