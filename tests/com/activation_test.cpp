@@ -2,6 +2,7 @@
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
 #include "tests/com/hosting/container.h"
+#include "tests/com/hosting/modalwatcher.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -191,22 +192,13 @@ TEST_F(Modes, modalWindowsAreAnnouncedToTheFrame) {
     HWND dialog = nullptr;
     HWND owner = nullptr;
     int depth = 0;
-    // Closes the window as soon as it is there.
-    struct Closer {
-        static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) { action(); }
-        static inline std::function<void()> action;
-    };
-    Closer::action = [&] {
-        dialog = GetLastActivePopup(host.site.window);
-        if (dialog == host.site.window)
-            return;
+    const ModalWatcher watcher([&](HWND stands) {
+        dialog = stands;
         owner = GetWindow(dialog, GW_OWNER);
         depth = host.site.modelessDepth;
         PostMessageW(dialog, WM_CLOSE, 0, 0);
-    };
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, Closer::tick);
+    });
     EXPECT_EQ(host.as<IImageView>()->AboutBox(), S_OK);
-    KillTimer(nullptr, timer);
     EXPECT_EQ(owner, host.site.window);
     EXPECT_EQ(depth, 1);
     EXPECT_EQ(host.site.modelessDepth, 0);

@@ -3,6 +3,7 @@
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/safety.h"
 #include "tests/com/hosting/container.h"
+#include "tests/com/hosting/modalwatcher.h"
 
 #include <filesystem>
 #include <fstream>
@@ -101,6 +102,7 @@ TEST_F(SafetyRule, aLogAmongAPagesParametersIsNotWritten) {
 
 // The page's file and the network path would answer; the control must not even ask.
 TEST_F(SafetyRule, localAddressesAreReadOnlyWhereItIsAllowed) {
+    const ModalWatcher watcher(ModalWatcher::giveUp); // the control tells its user of the refusal
     const auto file = scratchFile("pixmo-answer.txt");
     std::ofstream(file) << "IC";
     for (const std::string& address :

@@ -33,7 +33,7 @@ STDMETHODIMP HostObjectPart::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAM
     try {
         const Arguments arguments(std::make_reverse_iterator(parameters->rgvarg + parameters->cArgs),
                                   std::make_reverse_iterator(parameters->rgvarg));
-        const com::Variant answer = procedures_[static_cast<size_t>(member) - 1].second(arguments);
+        com::Variant answer = procedures_[static_cast<size_t>(member) - 1].second(arguments);
         return result ? VariantCopy(result, answer.get()) : S_OK;
     } catch (...) {
         const Error error = currentError();

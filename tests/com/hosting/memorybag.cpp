@@ -14,7 +14,7 @@ STDMETHODIMP MemoryBagPart::Read(LPCOLESTR name, VARIANT* value, IErrorLog*) {
     const auto text = contents_.texts.find(name);
     if (text == contents_.texts.end())
         return E_INVALIDARG;
-    const Variant found(std::string_view(toUtf8(text->second)));
+    Variant found(std::string_view(toUtf8(text->second)));
     return VariantChangeType(value, found.get(), 0, type == VT_EMPTY ? static_cast<VARTYPE>(VT_BSTR) : type);
 }
 

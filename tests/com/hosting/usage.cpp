@@ -34,20 +34,18 @@ size_t countDrawingObjects() {
     const auto* const table = *reinterpret_cast<const DrawingEntry* const*>(environmentBlock() + TableOffset);
     size_t count = 0;
     for (size_t at = 0; table && at < TableSize; ++at)
-        count += table[at].type != 0 ? 1 : 0;
+        count += table[at].type != 0 ? 1U : 0U;
     return count;
 }
 
-BOOL CALLBACK countWindow(HWND window, LPARAM count) {
+BOOL CALLBACK countChild(HWND, LPARAM count) {
     ++*reinterpret_cast<size_t*>(count);
-    EnumChildWindows(
-        window,
-        [](HWND, LPARAM inner) -> BOOL {
-            ++*reinterpret_cast<size_t*>(inner);
-            return TRUE;
-        },
-        count);
     return TRUE;
+}
+
+BOOL CALLBACK countWindow(HWND window, LPARAM count) {
+    EnumChildWindows(window, countChild, count);
+    return countChild(window, count);
 }
 
 } // namespace
@@ -58,7 +56,7 @@ Usage Usage::now() {
     GetProcessHandleCount(GetCurrentProcess(), &usage.handles);
     EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&usage.windows));
     for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::temp_directory_path()))
-        usage.temporaryFiles += entry.exists() ? 1 : 0;
+        usage.temporaryFiles += entry.exists() ? 1U : 0U;
     return usage;
 }
 
