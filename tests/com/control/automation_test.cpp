@@ -1,7 +1,7 @@
 // The public interface as scripts and compiled hosts call it.
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/container.h"
+#include "tests/com/control/hosting/container.h"
 
 #include <gtest/gtest.h>
 

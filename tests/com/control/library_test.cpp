@@ -1,7 +1,7 @@
 // The library as a file: alone, versioned, with its entries.
 #include "faces/com/base/widetext.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/library.h"
+#include "tests/com/control/hosting/library.h"
 
 #include <gtest/gtest.h>
 #include <set>

@@ -1,6 +1,6 @@
-#include "tests/com/hosting/program.h"
+#include "tests/com/control/hosting/program.h"
 
-#include "tests/com/hosting/library.h"
+#include "tests/com/control/hosting/library.h"
 
 #include <filesystem>
 #include <fstream>

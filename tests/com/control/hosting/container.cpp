@@ -1,4 +1,4 @@
-#include "tests/com/hosting/container.h"
+#include "tests/com/control/hosting/container.h"
 
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"

@@ -2,7 +2,7 @@
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/fontobject.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/container.h"
+#include "tests/com/control/hosting/container.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/com/hosting/modalwatcher.h"
+#include "tests/com/control/hosting/modalwatcher.h"
 
 namespace pixmo::com::test {
 

@@ -1,7 +1,7 @@
 // The page of settings in a window of properties, as a designer shows it.
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/container.h"
+#include "tests/com/control/hosting/container.h"
 
 #include <gtest/gtest.h>
 #include <ocidl.h>

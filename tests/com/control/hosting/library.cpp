@@ -1,4 +1,4 @@
-#include "tests/com/hosting/library.h"
+#include "tests/com/control/hosting/library.h"
 
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"

@@ -1,6 +1,6 @@
 // Scripts use the registered control as scripts do: by name, late bound, with variables and handlers.
-#include "tests/com/hosting/library.h"
-#include "tests/com/hosting/program.h"
+#include "tests/com/control/hosting/library.h"
+#include "tests/com/control/hosting/program.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Controls that come and go leave nothing in the host's process.
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/container.h"
-#include "tests/com/hosting/usage.h"
+#include "tests/com/control/hosting/container.h"
+#include "tests/com/control/hosting/usage.h"
 
 #include <gtest/gtest.h>
 

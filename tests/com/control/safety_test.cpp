@@ -2,8 +2,8 @@
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/safety.h"
-#include "tests/com/hosting/container.h"
-#include "tests/com/hosting/modalwatcher.h"
+#include "tests/com/control/hosting/container.h"
+#include "tests/com/control/hosting/modalwatcher.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "tests/com/hosting/typelibrarytext.h"
+#include "tests/com/control/hosting/typelibrarytext.h"
 
 #include "faces/com/base/boundary.h"
 #include "faces/com/base/bstr.h"

@@ -1,9 +1,9 @@
 // The control in hosts that are not the tests' own: the system's control container, and a program that finds
 // the class by its manifest alone.
 #include "faces/com/base/comptr.h"
-#include "tests/com/hosting/container.h"
-#include "tests/com/hosting/library.h"
-#include "tests/com/hosting/program.h"
+#include "tests/com/control/hosting/container.h"
+#include "tests/com/control/hosting/library.h"
+#include "tests/com/control/hosting/program.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "tests/com/hosting/site.h"
+#include "tests/com/control/hosting/site.h"
 
 namespace pixmo::com::test {
 

@@ -2,7 +2,7 @@
 
 #include "faces/com/base/comobject.h"
 #include "faces/com/base/variant.h"
-#include "tests/com/hosting/hostprofile.h"
+#include "tests/com/control/hosting/hostprofile.h"
 
 #include <map>
 #include <oaidl.h>

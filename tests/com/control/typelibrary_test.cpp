@@ -1,7 +1,7 @@
 // The type library that is built is the one that hosts were compiled against.
 #include "faces/com/base/boundary.h"
-#include "tests/com/hosting/library.h"
-#include "tests/com/hosting/typelibrarytext.h"
+#include "tests/com/control/hosting/library.h"
+#include "tests/com/control/hosting/typelibrarytext.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // The control's life in the window of a host: verbs, place, focus, keys, modes.
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/container.h"
-#include "tests/com/hosting/modalwatcher.h"
+#include "tests/com/control/hosting/container.h"
+#include "tests/com/control/hosting/modalwatcher.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

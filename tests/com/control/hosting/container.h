@@ -1,10 +1,10 @@
 #pragma once
 
 #include "faces/com/base/variant.h"
-#include "tests/com/hosting/eventsink.h"
-#include "tests/com/hosting/library.h"
-#include "tests/com/hosting/memorybag.h"
-#include "tests/com/hosting/site.h"
+#include "tests/com/control/hosting/eventsink.h"
+#include "tests/com/control/hosting/library.h"
+#include "tests/com/control/hosting/memorybag.h"
+#include "tests/com/control/hosting/site.h"
 
 #include <string>
 

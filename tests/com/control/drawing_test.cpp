@@ -1,6 +1,6 @@
 // The control's picture for hosts that print or keep it, with and without a window.
 #include "faces/com/base/boundary.h"
-#include "tests/com/hosting/container.h"
+#include "tests/com/control/hosting/container.h"
 
 #include <gtest/gtest.h>
 

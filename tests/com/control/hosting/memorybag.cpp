@@ -1,4 +1,4 @@
-#include "tests/com/hosting/memorybag.h"
+#include "tests/com/control/hosting/memorybag.h"
 
 namespace pixmo::com::test {
 

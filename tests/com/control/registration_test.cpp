@@ -2,7 +2,7 @@
 #include "faces/com/base/boundary.h"
 #include "faces/com/base/bstr.h"
 #include "faces/com/control/identifiers.h"
-#include "tests/com/hosting/library.h"
+#include "tests/com/control/hosting/library.h"
 
 #include <gtest/gtest.h>
 #include <map>

@@ -1,4 +1,4 @@
-#include "tests/com/hosting/eventsink.h"
+#include "tests/com/control/hosting/eventsink.h"
 
 #include <map>
 #include <olectl.h>

@@ -1,4 +1,4 @@
-#include "tests/com/hosting/usage.h"
+#include "tests/com/control/hosting/usage.h"
 
 #include <cstdint>
 #include <filesystem>
