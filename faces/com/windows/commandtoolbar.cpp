@@ -54,8 +54,8 @@ BitmapHandle makePicture(const std::string& key, int32_t size, COLORREF colour) 
 
 } // namespace
 
-CommandToolbar::CommandToolbar(HWND parent, Texts texts, Run run)
-    : parent_(parent), texts_(std::move(texts)), run_(std::move(run)) {}
+CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, Run run)
+    : parent_(parent), name_(name), run_(std::move(run)) {}
 
 CommandToolbar::~CommandToolbar() {
     destroyWindow();
@@ -97,10 +97,8 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
         makeWindow(toolbar);
     }
     tips_.clear();
-    for (const ToolButton& button : toolbar.Buttons) {
-        const std::string shortcut = texts_.shortcut(button.Key);
-        tips_.push_back(shortcut.empty() ? button.ToolTipText : button.ToolTipText + " (" + shortcut + ")");
-    }
+    for (const ToolButton& button : toolbar.Buttons)
+        tips_.push_back(button.ToolTipText);
     for (size_t i = 0; i < toolbar.Buttons.size(); ++i) {
         const auto command = static_cast<WPARAM>(commandOf(i));
         const BYTE state = stateOf(toolbar.Buttons[i]);
@@ -111,7 +109,7 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
 
 void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     const CommonControls::Scope scope(*controls_);
-    bar_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, texts_.name,
+    bar_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, name_,
                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
                                TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN,
                            0, 0, 0, 0, parent_, nullptr, thisModule(), nullptr);
