@@ -21,3 +21,6 @@
 #undef StartDoc
 #undef TextOut
 #undef small
+
+// Interfaces of COM have no virtual destructor: objects end by their own Release.
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"

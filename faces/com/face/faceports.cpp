@@ -2,6 +2,7 @@
 
 #include "faces/com/ports/asyncreader.h"
 #include "faces/com/ports/clipboard.h"
+#include "faces/com/ports/codepage.h"
 #include "faces/com/ports/eventloop.h"
 #include "faces/com/ports/identity.h"
 #include "faces/com/ports/messagebox.h"
@@ -12,6 +13,7 @@
 namespace pixmo::com {
 
 ControlPorts systemPorts(const SharedFaceLink& link) {
+    useSystemCodePage();
     ControlPorts ports;
     ports.messageBox = std::make_shared<MessageBox>(link);
     ports.eventLoop = std::make_shared<EventLoop>();
