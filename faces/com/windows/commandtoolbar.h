@@ -48,7 +48,9 @@ private:
 
     Look lookOf(const Toolbar& toolbar) const;
     void makeWindow(const Toolbar& toolbar);
+    void setSizes() const;
     void addButtons(const Toolbar& toolbar) const;
+    void setWidth(int command, const std::wstring& caption) const;
     HIMAGELIST makeImages(const Toolbar& toolbar, COLORREF colour) const;
     void destroyWindow();
     void showTip(NMTBGETINFOTIPW& tip) const;
