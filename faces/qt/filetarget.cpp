@@ -1,5 +1,7 @@
 #include "faces/qt/filetarget.h"
 
+#include "faces/qt/papers.h"
+
 #include <QLocale>
 #include <utility>
 
@@ -24,11 +26,10 @@ FileTarget::FileTarget(AskPath askPath)
               QPageLayout::Millimeter) {}
 
 bool FileTarget::setPaperSize(int32_t code) {
-    const QPageSize::PageSizeId id = QPageSize::id(code);
-    if (id == QPageSize::Custom)
-        return false;
-    layout_.setPageSize(QPageSize(id));
-    return true;
+    const auto paper = paperOf(code);
+    if (paper)
+        layout_.setPageSize(*paper);
+    return paper.has_value();
 }
 
 QFileDevice* FileTarget::begin(const QString& documentName) {

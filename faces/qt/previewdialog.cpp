@@ -16,6 +16,7 @@ namespace {
 
 constexpr QSize FirstSize(640, 820);
 constexpr QSize SmallestPicture(120, 160);
+constexpr int SheetMargin = 8;
 constexpr int ResizeMilliseconds = 50;
 constexpr int PatienceMilliseconds = 200;
 
@@ -85,7 +86,8 @@ void PreviewDialog::turnTo(int32_t sheet) {
 
 /// In device pixels: as high as fits.
 int PreviewDialog::sheetHeight() const {
-    const QSize room = picture_->size().expandedTo(SmallestPicture) * devicePixelRatioF();
+    const QSize frame(2 * SheetMargin, 2 * SheetMargin);
+    const QSize room = (picture_->size().expandedTo(SmallestPicture) - frame) * devicePixelRatioF();
     const pixmo::PrinterDevice* const printer = preview_.printer();
     const double width = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalWidth) : 1;
     const double height = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalHeight) : 1;

@@ -228,25 +228,35 @@ TEST_F(PagePrinterTest, CopiesAndPaper) {
     EXPECT_EQ(std::count(script.record.begin(), script.record.end(), "page"), 1 + 3 * 2);
 }
 
+// The same calls with the same numbers: what a sheet looks like is decided before any device draws it.
 TEST_F(PagePrinterTest, ThePreviewDrawsWhatIsPrinted) {
     request.pages = {1, 2};
-    request.hasCoverSheet = true;
+    request.mayCrop = true;
     request.coverSheet.userName = "A. Clerk";
-    request.caption = "Contract 42";
-    request.pageNumbers = {"Page 1 of 2", "Page 2 of 2"};
-    print();
-    std::vector<std::string> printed = script.record;
-    std::erase_if(printed, [](const std::string& line) { return line.find(' ') == std::string::npos; });
-    std::erase_if(printed, [](const std::string& line) {
-        return line.rfind("end", 0) == 0 || line.rfind("document", 0) == 0;
-    });
-    script.record.clear();
+    for (const bool full : {false, true})
+        for (const int16_t scale : {FitToPage, FullSize, CurrentView})
+            for (const Raster& given : {picture(850, 1300, 100, 100), picture(1728, 1100, 204, 98)}) {
+                client.given = given;
+                request.scale = scale;
+                request.hasCoverSheet = full;
+                request.caption = full ? "Contract 42" : "";
+                request.pageNumbers = full ? std::vector<std::string>{"Page 1 of 2", "Page 2 of 2"}
+                                           : std::vector<std::string>();
+                ASSERT_TRUE(print().completed);
+                std::vector<std::string> printed = script.record;
+                std::erase_if(printed, [](const std::string& line) {
+                    return line.rfind("text ", 0) != 0 && line.rfind("bits ", 0) != 0;
+                });
+                script.record.clear();
+                PrintPreview preview(errors, box, printers, client, request);
+                ASSERT_EQ(preview.sheetCount(), full ? 3 : 2);
+                for (int32_t sheet = 0; sheet < preview.sheetCount(); ++sheet)
+                    EXPECT_EQ(preview.draw(sheet, std::make_unique<scripted::PrinterDevice>(printers.script)),
+                              0);
+                EXPECT_EQ(script.record, printed);
+            }
     PrintPreview preview(errors, box, printers, client, request);
-    ASSERT_EQ(preview.sheetCount(), 3);
     EXPECT_EQ(preview.sheetText(1), "Sheet 2 of 3");
-    for (int32_t sheet = 0; sheet < preview.sheetCount(); ++sheet)
-        EXPECT_EQ(preview.draw(sheet, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);
-    EXPECT_EQ(script.record, printed);
 }
 
 // While the preview waits for one page, the user asks for the next.

@@ -10,6 +10,7 @@
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace pixmo::qt {
 namespace {
@@ -96,6 +97,30 @@ TEST_F(PrintedFile, PicturesLieWhereTheyShould) {
         EXPECT_NEAR(ink.top(), each.inches.top(), 0.015);
         EXPECT_NEAR(ink.width(), each.inches.width(), 0.025);
         EXPECT_NEAR(ink.height(), each.inches.height(), 0.025);
+    }
+}
+
+TEST_F(PrintedFile, PaperOfEachCode) {
+    struct {
+        int32_t code;
+        double width, height; ///< inches; 0 where there is no such paper
+    } const cases[] = {
+        {1, 8.5, 11},      {2, 8.5, 11},     {3, 11, 17},        {4, 17, 11},        {5, 8.5, 14},
+        {8, 11.69, 16.54}, {9, 8.27, 11.69}, {12, 10.12, 14.33}, {14, 8.5, 13},      {16, 10, 14},
+        {17, 11, 17},      {18, 8.5, 11},    {20, 4.125, 9.5},   {24, 17, 22},       {25, 22, 34},
+        {26, 34, 44},      {27, 4.33, 8.66}, {28, 6.38, 9.02},   {29, 12.76, 18.03}, {35, 6.93, 4.92},
+        {39, 14.875, 11},  {41, 8.5, 13},    {256, 0, 0},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.code);
+        const auto device = printers.open();
+        ASSERT_NE(device, nullptr);
+        ASSERT_EQ(device->setPaperSize(each.code), each.width > 0);
+        const double dots = device->GetDeviceCaps(DeviceCap::LogPixelsX);
+        if (each.width > 0) {
+            EXPECT_NEAR(device->GetDeviceCaps(DeviceCap::PhysicalWidth) / dots, each.width, 0.04);
+            EXPECT_NEAR(device->GetDeviceCaps(DeviceCap::PhysicalHeight) / dots, each.height, 0.04);
+        }
     }
 }
 
@@ -190,6 +215,37 @@ TEST_F(PrintedFile, NothingIsLeftOfAFileThatCannotBe) {
     EXPECT_FALSE(result.completed);
     EXPECT_THAT(result.errors, testing::ElementsAre("Printer error: No such file or directory"));
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 0);
+}
+
+/// Ink by chance, in single pixels and in runs.
+Raster sprinkled(int32_t width, int32_t height, double resolution) {
+    Raster raster = makeRaster(PixelFormat::Bilevel, width, height);
+    raster.xResolution = raster.yResolution = resolution;
+    std::minstd_rand chance;
+    for (uint8_t& bits : raster.pixels)
+        bits = static_cast<uint8_t>(chance() & chance());
+    return raster;
+}
+
+// Where no pixel has to be made of several, page, preview and print are the same to the bit, though one
+// program draws the preview and another one the print.
+TEST_F(PrintedFile, InItsOwnResolutionAPageIsTheSameInPreviewAndPrint) {
+    given = sprinkled(800, 1050, 100);
+    request.scale = FullSize;
+    request.paperSize = Letter;
+    ASSERT_EQ(print().pagesQueued, 1);
+    PrintPreview preview(errors, box, printers, *this, request);
+    const QImage shown = PreviewDialog::sheet(preview, 0, 1100).convertToFormat(QImage::Format_Grayscale8);
+    const QImage printed = file.pageToTheBit(1, 100);
+    ASSERT_EQ(shown.size(), QSize(850, 1100));
+    EXPECT_EQ(shown, printed);
+    int wrong = 0;
+    for (int y = 0; y < given.height; ++y)
+        for (int x = 0; x < given.width; ++x) {
+            const bool ink = (given.row(y)[static_cast<size_t>(x / 8)] & (0x80 >> (x % 8))) != 0;
+            wrong += qGray(shown.pixel(25 + x, 25 + y)) != (ink ? 0 : 255);
+        }
+    EXPECT_EQ(wrong, 0);
 }
 
 /// Shares of pixels that differ more than a little between preview and print.
