@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -15,6 +16,7 @@ namespace pixmo::qt {
 namespace {
 
 constexpr QSize FirstSize(640, 820);
+constexpr double ShareOfScreen = 0.9;
 constexpr QSize SmallestPicture(120, 160);
 constexpr int SheetMargin = 8;
 constexpr int ResizeMilliseconds = 50;
@@ -56,7 +58,7 @@ PreviewDialog::PreviewDialog(PrintPreview& preview, QWidget* parent)
     connect(&drawSoon_, &QTimer::timeout, this, &PreviewDialog::showSheet);
     sayLoading_.setSingleShot(true);
     connect(&sayLoading_, &QTimer::timeout, this, [this] { picture_->setText(translated("Loading\u2026")); });
-    resize(FirstSize);
+    resize(FirstSize.boundedTo(screen()->availableSize() * ShareOfScreen));
     turnTo(0);
 }
 

@@ -26,6 +26,13 @@ QRadioButton* addOption(QButtonGroup& group, QLayout& layout, const char* text, 
     return option;
 }
 
+/// The chosen option is the one that Tab comes to.
+void choose(const QButtonGroup& group, int index) {
+    group.button(index)->setChecked(true);
+    for (QAbstractButton* const option : group.buttons())
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
 } // namespace
 
 PrintDialog::PrintDialog(dlgPrint& state, QWidget* parent)
@@ -177,8 +184,8 @@ void PrintDialog::mirror() {
         return;
     }
     const QSignalBlocker quietCopies(txtPrntCopies_);
-    optPrintType_.button(state_.optPrintType())->setChecked(true);
-    optImageScale_.button(state_.optImageScale())->setChecked(true);
+    choose(optPrintType_, state_.optPrintType());
+    choose(optImageScale_, state_.optImageScale());
     lblSelectedPages_->setVisible(state_.isPageListVisible());
     lstSelectedPages_->setVisible(state_.isPageListVisible());
     txtPrntCopies_->setValue(state_.hscPrntCopies());
