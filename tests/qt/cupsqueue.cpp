@@ -140,12 +140,15 @@ int CupsQueue::admin(const char* program, const QStringList& arguments) const {
                              arguments);
 }
 
-// The worker needs to pass the folder and to write in it.
+// The worker needs to pass the folders and to write in some, whatever the user's mask.
 void CupsQueue::makeFolders() const {
     const QDir root(folder_.path());
-    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
-    for (const char* name : {"root", "cache", "state", "spool/tmp", "run", "log", "out", "bin/backend"})
-        root.mkpath(QString::fromLatin1(name));
+    for (const char* name :
+         {"", "root", "cache", "state", "spool", "spool/tmp", "run", "log", "out", "bin", "bin/backend"}) {
+        const QString path = root.filePath(QString::fromLatin1(name));
+        root.mkpath(path);
+        QFile::setPermissions(path, QFile::Permissions(0x7755));
+    }
     if (isRoot())
         QProcess::execute(QStringLiteral("chown"),
                           {QStringLiteral("-R"), QStringLiteral("lp:lp"),
