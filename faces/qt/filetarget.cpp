@@ -2,6 +2,7 @@
 
 #include "faces/qt/papers.h"
 
+#include <QFileInfo>
 #include <QLocale>
 #include <utility>
 
@@ -36,11 +37,18 @@ QFileDevice* FileTarget::begin(const QString& documentName) {
     const auto path = askPath_(documentName);
     if (!path)
         return nullptr;
+    // A device would be replaced by the file.
+    const QFileInfo there(*path);
+    isFile_ = !there.exists() || there.isFile();
+    if (!isFile_)
+        return nullptr;
     file_.setFileName(*path);
     return file_.open(QIODevice::WriteOnly) ? &file_ : nullptr;
 }
 
 std::string FileTarget::problem() const {
+    if (!isFile_)
+        return "Not a file";
     return file_.error() == QFileDevice::NoError ? std::string() : file_.errorString().toStdString();
 }
 

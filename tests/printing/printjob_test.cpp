@@ -296,6 +296,19 @@ TEST_F(PrintJobTest, SeveralCopiesAreConfirmed) {
     EXPECT_EQ(happened.back(), "finish 1 5");
 }
 
+TEST_F(PrintJobTest, CroppedPagesAreConfirmed) {
+    control.printers->script->caps[DeviceCap::HorzRes] = 90;
+    const auto printFullSize = [this] {
+        printInDialog([](dlgPrint& dialog) { dialog.optImageScale_Click(FullSize); });
+        return happened.back() + ", " + view().statusText();
+    };
+    EXPECT_EQ(printFullSize(), "finish 0 5, Print job cancelled.");
+    EXPECT_THAT(drawn(), IsEmpty());
+    control.messageBox->answers = {Answer::Yes};
+    EXPECT_EQ(printFullSize(), "finish 1 5, 1 pages queued successfully.");
+    EXPECT_EQ(texts().size(), 2U);
+}
+
 TEST_F(PrintJobTest, ErrorsAreReportedAtTheEnd) {
     LogReader log(control);
     const std::string intro = "The following error(s) where reported while printing:\r\n";
@@ -323,9 +336,21 @@ TEST_F(PrintJobTest, DebugInfoIsShownWhereItIsSet) {
 
 TEST_F(PrintJobTest, TheSelectionOfTheThumbnailsIsPrinted) {
     servePages();
-    view().thumbnails().PrintSelection.raise({1, 3});
+    const auto printedNumbers = [this](int16_t style) {
+        drawn().clear();
+        view().setProperty("PrintPageNumStyle", style);
+        view().thumbnails().PrintSelection.raise({1, 3});
+        std::string numbers;
+        for (const std::string& line : drawn())
+            if (const size_t at = line.find("Page "); at != std::string::npos)
+                numbers += line.substr(at) + ";";
+        return numbers;
+    };
+    EXPECT_EQ(printedNumbers(pnPrintJobPageNums), "Page 1 of 2;Page 2 of 2;");
     EXPECT_THAT(happened, ElementsAre("begin 2 5", "beginEX 2 1,3 5", "finish 2 5"));
-    EXPECT_EQ(sheets(), 2);
+    EXPECT_EQ(printedNumbers(pnSourceDocPageNums), "Page 1 of 6;Page 3 of 6;");
+    view().setProperty("PrintPageNums", false);
+    EXPECT_EQ(printedNumbers(pnSourceDocPageNums), "");
 }
 
 TEST_F(PrintJobTest, AnotherDocumentOrTheEndOfTheControlEndsTheJob) {

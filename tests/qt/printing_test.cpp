@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/stat.h>
 
 namespace pixmo::qt {
 namespace {
@@ -210,11 +211,21 @@ TEST_F(PrintedFile, OtherColoursAreKept) {
 }
 
 TEST_F(PrintedFile, NothingIsLeftOfAFileThatCannotBe) {
-    printers.setFile(QStringLiteral("/nowhere/job.pdf"));
-    const PrintResult result = print();
-    EXPECT_FALSE(result.completed);
-    EXPECT_THAT(result.errors, testing::ElementsAre("Printer error: No such file or directory"));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 0);
+    const QString device = folder.filePath(QStringLiteral("device"));
+    ASSERT_EQ(mkfifo(QFile::encodeName(device).constData(), 0600), 0);
+    const std::pair<QString, const char*> cases[] = {
+        {QStringLiteral("/nowhere/job.pdf"), "Printer error: No such file or directory"},
+        {folder.path(), "Printer error: Not a file"},
+        {device, "Printer error: Not a file"},
+    };
+    for (const auto& [name, error] : cases) {
+        printers.setFile(name);
+        const PrintResult result = print();
+        EXPECT_FALSE(result.completed);
+        EXPECT_THAT(result.errors, testing::ElementsAre(error));
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::System),
+                  QStringList(QStringLiteral("device")));
+    }
 }
 
 /// Ink by chance, in single pixels and in runs.
