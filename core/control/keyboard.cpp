@@ -1,3 +1,4 @@
+#include "core/base/virtualkeys.h"
 #include "core/control/commands.h"
 
 #include <algorithm>
@@ -18,18 +19,6 @@ bool isMeant(With with, int16_t shift) {
         return shift != 1 && shift != 3 && shift != 7;
     return static_cast<int16_t>(with) == shift;
 }
-
-/// Virtual-key codes.
-namespace key {
-constexpr int16_t PageUp = 0x21;
-constexpr int16_t PageDown = 0x22;
-constexpr int16_t End = 0x23;
-constexpr int16_t Home = 0x24;
-constexpr int16_t Left = 0x25;
-constexpr int16_t Up = 0x26;
-constexpr int16_t Right = 0x27;
-constexpr int16_t Down = 0x28;
-} // namespace key
 
 std::string prefixOf(With with) {
     switch (with) {

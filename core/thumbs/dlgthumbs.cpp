@@ -28,6 +28,22 @@ int32_t clampedFactor(int32_t percent) {
     return std::clamp(percent, dlgThumbs::SmallestFactor, dlgThumbs::LargestFactor);
 }
 
+/// Onto the screen that shows most of it, or else onto the first.
+FormPosition broughtOnto(const std::vector<Rectangle>& screens, FormPosition form) {
+    const auto shown = [&form](const Rectangle& screen) {
+        const Rectangle seen = intersection({form.left, form.top, form.width, form.height}, screen);
+        return int64_t{std::max(seen.width, 0)} * std::max(seen.height, 0);
+    };
+    const Rectangle& screen =
+        *std::max_element(screens.begin(), screens.end(),
+                          [&](const Rectangle& a, const Rectangle& b) { return shown(a) < shown(b); });
+    form.width = std::min(form.width, screen.width);
+    form.height = std::min(form.height, screen.height);
+    form.left = std::clamp(form.left, screen.left, screen.right() - form.width);
+    form.top = std::clamp(form.top, screen.top, screen.bottom() - form.height);
+    return form;
+}
+
 /// What part of the window's top edge has to be on a screen, so that it can be taken hold of.
 constexpr int32_t GripWidth = 80;
 constexpr int32_t GripHeight = 30;
@@ -308,14 +324,9 @@ FormPosition dlgThumbs::LoadFormPosition(const std::vector<Rectangle>& screens,
                          number("Form.Width", fallback.width), number("Form.Height", fallback.height)};
     if (form.width < 100 || form.height < 100)
         form = fallback;
-    if (screens.empty() || canBeGripped(form, screens))
-        return form;
-    const Rectangle& screen = screens.front();
-    form.width = std::min(form.width, screen.width);
-    form.height = std::min(form.height, screen.height);
-    form.left = std::clamp(form.left, screen.left, screen.right() - form.width);
-    form.top = std::clamp(form.top, screen.top, screen.bottom() - form.height);
-    return form;
+    // What nobody has placed yet is seen as a whole.
+    const bool placed = form != fallback;
+    return screens.empty() || (placed && canBeGripped(form, screens)) ? form : broughtOnto(screens, form);
 }
 
 void dlgThumbs::SaveFormPosition(const FormPosition& position) {

@@ -1,3 +1,4 @@
+#include "core/base/virtualkeys.h"
 #include "core/thumbs/dlgthumbs.h"
 
 #include <algorithm>
@@ -12,24 +13,6 @@ namespace {
 constexpr int16_t Shift = 1;
 constexpr int16_t Ctrl = 2;
 constexpr int16_t Alt = 4;
-
-/// Virtual-key codes.
-namespace key {
-constexpr int16_t Enter = 0x0D;
-constexpr int16_t Space = 0x20;
-constexpr int16_t PageUp = 0x21;
-constexpr int16_t PageDown = 0x22;
-constexpr int16_t End = 0x23;
-constexpr int16_t Home = 0x24;
-constexpr int16_t Left = 0x25;
-constexpr int16_t Up = 0x26;
-constexpr int16_t Right = 0x27;
-constexpr int16_t Down = 0x28;
-constexpr int16_t PadPlus = 0x6B;
-constexpr int16_t PadMinus = 0x6D;
-constexpr int16_t Plus = 0xBB;
-constexpr int16_t Minus = 0xBD;
-} // namespace key
 
 ThumbSelection::How howOf(int16_t shift) {
     if ((shift & Shift) != 0)

@@ -11,6 +11,7 @@
 namespace pixmo::qt {
 
 CommandToolBar::CommandToolBar(QWidget* parent) : QToolBar(parent) {
+    setObjectName(QStringLiteral("tlbImage"));
     setMovable(false);
     setFloatable(false);
     setAccessibleName(tr("Page commands"));

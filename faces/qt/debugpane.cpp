@@ -8,6 +8,7 @@
 namespace pixmo::qt {
 
 DebugPane::DebugPane(QWidget* parent) : QPlainTextEdit(parent) {
+    setObjectName(QStringLiteral("txtDebug"));
     setReadOnly(true);
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));

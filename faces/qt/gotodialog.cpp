@@ -24,6 +24,7 @@ GotoDialog::GotoDialog(const dlgGotoPage& dialog, QWidget* parent)
     number_->setText(toQt(dialog.txtPageNumber()));
     number_->setAccessibleName(QString(label).remove(QLatin1Char('&')).remove(QLatin1Char(':')));
     auto* const caption = new QLabel(label, this);
+    caption->setObjectName(QStringLiteral("lblPageNumber"));
     caption->setBuddy(number_);
     auto* const field = new QHBoxLayout;
     field->addWidget(caption);

@@ -34,6 +34,7 @@ int keptLength(const char* key, int otherwise) {
 LogDialog::LogDialog(dlgLog& dialog, QWidget* parent)
     : SmallWindow(tr("Log"), parent), dialog_(dialog), text_(new QPlainTextEdit(this)),
       search_(new QLineEdit(this)), found_(new QLabel(this)) {
+    text_->setObjectName(QStringLiteral("txtLog"));
     text_->setReadOnly(true);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text_->setLineWrapMode(QPlainTextEdit::NoWrap);

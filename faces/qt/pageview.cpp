@@ -39,6 +39,7 @@ void mirror(QScrollBar& bar, const ScrollBar& source) {
 } // namespace
 
 PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
+    setObjectName(QStringLiteral("lvrImage"));
     setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

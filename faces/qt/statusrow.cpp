@@ -34,6 +34,8 @@ QLabel* plainLabel(QWidget& parent, const QString& name) {
 StatusRow::StatusRow(QWidget& parent)
     : readOut_(plainLabel(parent, tr("Page number"))), status_(plainLabel(parent, tr("Status"))),
       progress_(new QProgressBar(&parent)), zoom_(plainLabel(parent, tr("Zoom"))) {
+    readOut_->setObjectName(QStringLiteral("txtPage"));
+    status_->setObjectName(QStringLiteral("lblStatus"));
     readOut_->setIndent(TextMargin);
     progress_->setTextVisible(false);
     progress_->setRange(0, 100);

@@ -73,6 +73,8 @@ TEST_F(WindowSettings, PlaceIsBroughtBackOntoAScreen) {
     const FormPosition usual = {50, 60, 420, 560};
     const std::vector<Rectangle> screens = {{0, 30, 1920, 1050}, {1920, 0, 1280, 1024}};
     EXPECT_EQ(thumbs()->LoadFormPosition(screens, usual), usual);
+    EXPECT_EQ(thumbs()->LoadFormPosition(screens, {2900, 60, 420, 560}), (FormPosition{2780, 60, 420, 560}))
+        << "beside a viewer at the right edge of the second screen";
     struct Case {
         FormPosition kept;
         FormPosition loaded;

@@ -1,0 +1,213 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace pixmo::behaviour {
+
+/// Virtual-key codes; letters and digits are their own codes.
+namespace key {
+inline constexpr int Tab = 0x09;
+inline constexpr int Enter = 0x0D;
+inline constexpr int Escape = 0x1B;
+inline constexpr int PageUp = 0x21;
+inline constexpr int PageDown = 0x22;
+inline constexpr int End = 0x23;
+inline constexpr int Home = 0x24;
+inline constexpr int Left = 0x25;
+inline constexpr int Up = 0x26;
+inline constexpr int Right = 0x27;
+inline constexpr int Down = 0x28;
+inline constexpr int F5 = 0x74;
+} // namespace key
+
+/// States of the keyboard, summed.
+namespace with {
+inline constexpr int Nothing = 0;
+inline constexpr int Shift = 1;
+inline constexpr int Ctrl = 2;
+inline constexpr int Alt = 4;
+} // namespace with
+
+enum class Mouse : uint8_t { Left, Middle, Right };
+
+/// 16 and 32 bit integers, enumerations and colours are int32_t. Text is UTF-8.
+using Value = std::variant<bool, int32_t, std::string>;
+
+/// A button of the toolbar as the user sees it.
+struct ShownButton {
+    std::string key; ///< of a separator too
+    std::string caption;
+    std::string tip;
+    bool separator = false;
+    bool group = false; ///< stays pressed until another one of its group is
+    bool visible = false;
+    bool enabled = false;
+    bool pressed = false;
+    int32_t imageSize = 0; ///< device-independent pixels, 0 for a separator
+};
+
+/// An entry of an open menu as the user sees it.
+struct ShownEntry {
+    std::string text; ///< "&" before the mnemonic; empty for a separator
+    bool separator = false;
+    bool enabled = false;
+    bool checked = false;
+};
+
+struct ShownBox {
+    std::string text; ///< lines end in LF
+    std::string icon; ///< "", "exclamation", "critical", "information", "question"
+    std::vector<std::string> buttons;
+};
+
+/// One direction, device pixels of the picture.
+struct ShownScroll {
+    bool visible = false;
+    int32_t position = 0;
+    int32_t maximum = 0;
+};
+
+/// What is on the screen: rows from the top, 0xRRGGBB.
+struct Picture {
+    int32_t width = 0;
+    int32_t height = 0;
+    std::vector<uint32_t> pixels;
+
+    uint32_t at(int32_t x, int32_t y) const {
+        return pixels[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
+    }
+    bool operator==(const Picture&) const = default;
+};
+
+struct LastError {
+    int32_t number = 0;
+    std::string source;
+    std::string description;
+};
+
+/// What the host does inside of events that let it decide.
+struct HostAnswers {
+    bool takesKeys = false; ///< sets KeyCode and KeyAscii to 0
+    bool cancelsPrinting = false;
+};
+
+/// One face of the control in a real window of a host, before the sample engine; the user's hands and eyes.
+/// The host has a text field before the control and one behind it in the order of Tab.
+///
+/// All is called from the thread of the tests. The face lives on a thread of its own, whose message loop
+/// runs all the time, that of a modal window too; each call does its work there. What the user does by
+/// keyboard and mouse comes as the system's own input events; such a call returns when the face has been
+/// handed the last of them and has gone back to its message loop (a modal window that opened counts as one).
+/// Places on the page are device pixels of the view. A call that finds nothing to act on fails the test.
+class FaceDriver {
+public:
+    virtual ~FaceDriver() = default;
+
+    // The control. At most one at a time; the host's window is in front and `lvrImage` has the focus.
+    virtual void create() = 0;
+    /// Its windows and its page files are gone, its settings are stored.
+    virtual void destroy() = 0;
+    /// Before create: the settings of the user are those of a new user.
+    virtual void forgetSettings() = 0;
+    virtual Value get(const std::string& property) = 0;
+    virtual void set(const std::string& property, const Value& value) = 0;
+    virtual LastError lastError() = 0;
+    /// LoadDocumentByDocID; does not wait for it.
+    virtual void load(int32_t docID, int16_t page) = 0;
+    /// "Clear", "clearCache" or "Refresh".
+    virtual void call(const std::string& method) = 0;
+    /// Of the control, device-independent pixels.
+    virtual void resize(int32_t width, int32_t height) = 0;
+    virtual void answerEvents(const HostAnswers& answers) = 0;
+    /// A command that a host's own menu gives, by its key: "ZOOMIN".
+    virtual void command(const std::string& key) = 0;
+    /// How many milliseconds a transfer may be silent before it is given up.
+    virtual void setStallTimeout(int milliseconds) = 0;
+    /// Events so far and forgets them: "PageChanged 1001 3", "KeyDown 34 0", "KeyPress 97", "Click",
+    /// "PrintJobBegin 2 1001". Keys that reach the host's window because the control has no use for them:
+    /// "HostKey 65 0".
+    virtual std::vector<std::string> takeEvents() = 0;
+
+    // What the user sees.
+    virtual std::vector<ShownButton> toolbar() = 0;
+    /// "Page 3 of 12"
+    virtual std::string readOut() = 0;
+    virtual std::string status() = 0;
+    /// In place of the page, "" while the page is there; lines end in LF.
+    virtual std::string notice() = 0;
+    /// For screen readers: "Page 3 of 12, 85 %".
+    virtual std::string description() = 0;
+    /// No transfer, no delayed fetch, no delayed repaint.
+    virtual bool isIdle() = 0;
+    virtual bool isPageDisplayed() = 0;
+    virtual ShownScroll scroll(bool horizontal) = 0;
+    /// Code of the pointer over the page: 0 arrow, 2 cross, 13 arrow with hourglass, 15 in all directions.
+    virtual int32_t pointer() = 0;
+    /// Lines of `txtDebug`, none while it is hidden.
+    virtual std::optional<std::string> debugPane() = 0;
+    /// The view without scroll bars, from the screen, once all that was to be painted has been.
+    virtual Picture picture() = 0;
+    /// "lvrImage", "txtDebug", "before" or "behind" (the host's fields), the name of a field of a dialog
+    /// ("txtPageNumber"), else "".
+    virtual std::string focus() = 0;
+
+    // What the user does.
+    virtual void press(int keyCode, int modifiers = with::Nothing) = 0;
+    /// ASCII.
+    virtual void type(const std::string& text) = 0;
+    virtual void click(int32_t x, int32_t y, Mouse button = Mouse::Left) = 0;
+    virtual void doubleClick(int32_t x, int32_t y) = 0;
+    /// Presses, moves in some steps and stays pressed until `release`.
+    virtual void drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button = Mouse::Left) = 0;
+    virtual void release(Mouse button = Mouse::Left) = 0;
+    /// Away from the user positive.
+    virtual void wheel(int32_t x, int32_t y, int notches, int modifiers = with::Nothing) = 0;
+    /// In the middle of the button, enabled or not.
+    virtual void clickButton(const std::string& key) = 0;
+    virtual void clickReadOut() = 0;
+    /// A click into a field of the host: "before" or "behind".
+    virtual void clickHostField(const std::string& name) = 0;
+
+    // Menus: open by the right mouse button, over the toolbar or in the middle of the page.
+    virtual void openToolbarMenu() = 0;
+    virtual void openPageMenu() = 0;
+    /// None while no menu is open.
+    virtual std::optional<std::vector<ShownEntry>> menu() = 0;
+    /// Clicks the entry of that text, which closes the menu.
+    virtual void choose(const std::string& text) = 0;
+
+    // Message boxes and dialogs; only the topmost is seen. "" and none when there is none.
+    virtual std::optional<ShownBox> messageBox() = 0;
+    /// By its text without mnemonic: "OK", "Cancel", "Abort", "Retry", "Ignore".
+    virtual void answer(const std::string& button) = 0;
+    /// "dlgGotoPage", "dlgAbout" (image information too), "dlgLog", "dlgPrint", "dlgThumbs".
+    virtual std::string dialog() = 0;
+    virtual std::string dialogTitle() = 0;
+    /// Of "lblPageNumber", "txtPageNumber", "lblVersion", "lblDescription", "lblInformation", "txtLog";
+    /// lines end in LF.
+    virtual std::string dialogText(const std::string& field) = 0;
+    /// What is selected in it.
+    virtual std::string selectedText(const std::string& field) = 0;
+    /// As if pasted.
+    virtual void setDialogText(const std::string& field, const std::string& text) = 0;
+    /// By its text without mnemonic; "" closes the window by its frame.
+    virtual void pressDialogButton(const std::string& button) = 0;
+
+    // The sample engine.
+    virtual std::string engineAddress() = 0;
+    /// One fault a line, "" for none: "stall:GP". See the engine's option --fault.
+    virtual void setFaults(const std::string& faults) = 0;
+    /// Requests of a kind ("IC", "PC", "GP") so far.
+    virtual int requests(const std::string& kind) = 0;
+};
+
+/// Of the face under test; each face's test program defines it.
+std::unique_ptr<FaceDriver> makeFaceDriver();
+
+} // namespace pixmo::behaviour

@@ -1,0 +1,149 @@
+#include "tests/behaviour/facetest.h"
+
+namespace pixmo::behaviour {
+namespace {
+
+/// What a fault of the server leads to.
+struct FaultCase {
+    const char* fault;
+    const char* message; ///< in a message box; "" for none
+    const char* logged;  ///< a line of the log holds it
+    const char* notice;  ///< in place of the page; "" when the page is shown, or no document is left
+    int32_t document;    ///< current one afterwards
+    int32_t pageCount;   ///< afterwards
+};
+
+void PrintTo(const FaultCase& faultCase, std::ostream* out) {
+    *out << faultCase.fault;
+}
+
+class Faults : public FaceTest, public testing::WithParamInterface<FaultCase> {
+protected:
+    /// Answers the boxes with their last button until all is quiet; their texts.
+    std::string answerBoxes() {
+        std::string texts;
+        EXPECT_TRUE(waitFor([&] {
+            if (const auto box = face->messageBox()) {
+                texts += box->text + '\n';
+                face->answer(box->buttons.size() == 3 ? "Abort" : "Cancel");
+            }
+            return !face->messageBox() && face->isIdle();
+        }));
+        return texts;
+    }
+};
+
+TEST_P(Faults, AreSeenAndOvercome) {
+    const FaultCase& expected = GetParam();
+    announcesErrors = true;
+    face->setStallTimeout(300);
+    face->setFaults(expected.fault);
+    face->load(sample::Deed, 3);
+    ASSERT_TRUE(waitFor([this] { return number("DocID") == sample::Deed || face->messageBox(); }));
+    const std::string texts = answerBoxes();
+
+    const std::string message = expected.message;
+    EXPECT_EQ(texts.empty(), message.empty()) << texts;
+    EXPECT_THAT(texts, testing::HasSubstr(message));
+    EXPECT_THAT(log(), testing::HasSubstr(expected.logged));
+    EXPECT_EQ(number("DocID"), expected.document);
+    EXPECT_EQ(number("PageCount"), expected.pageCount);
+    EXPECT_THAT(face->notice(), testing::HasSubstr(expected.notice));
+    EXPECT_EQ(face->notice().empty(), std::string(expected.notice).empty()) << face->notice();
+    EXPECT_FALSE(button("CANCEL").enabled);
+
+    face->setFaults("");
+    open(2, sample::Fax);
+    EXPECT_EQ(face->readOut(), "Page 2 of 3");
+}
+
+constexpr int32_t Doc = sample::Deed;
+constexpr int32_t Count = sample::DeedPages;
+
+constexpr const char* NoContact = "Initial Contact failed or was cancelled.";
+constexpr const char* Invalid = "The server has returned an invalid response.";
+constexpr const char* Told = "2050 Engine The engine was told to fail.";
+constexpr const char* Silent = "Status = The server has sent nothing for 0.3 seconds.";
+constexpr const char* Refused = "Status = The server answered 500 Internal Server Error.";
+constexpr const char* Circling = "Status = The server redirects without end.";
+constexpr const char* CutShort = "Status = The answer ended after";
+constexpr const char* NotLoaded = "Page 3 could not be loaded.";
+constexpr const char* NoPicture = "The page is no picture of a known format";
+constexpr const char* Done = "Pixmo::AsyncReadComplete successful";
+
+/// Slow answers are answers.
+FaultCase overcome(const char* fault) {
+    return {fault, "", Done, "", Doc, Count};
+}
+
+FaultCase noContact(const char* fault, const char* message, const char* logged) {
+    return {fault, message, logged, "", Doc, 0};
+}
+
+/// The page is shown, but how many there are stays unknown.
+FaultCase noCount(const char* fault, const char* message, const char* logged) {
+    return {fault, message, logged, "", Doc, 0};
+}
+
+FaultCase noPage(const char* fault, const char* message, const char* logged, const char* notice) {
+    return {fault, message, logged, notice, Doc, Count};
+}
+
+/// What the server says in place of a page ends the session.
+FaultCase noDocument(const char* fault, const char* message) {
+    return {fault, message, Done, "", 0, 0};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    InitialContact, Faults,
+    testing::Values(
+        overcome("delay:IC=100"), overcome("drip:IC=100"), noContact("stall:IC", NoContact, Silent),
+        noContact("reset:IC", NoContact, CutShort), noContact("close:IC", NoContact, CutShort),
+        noContact("empty:IC", "No response to process.", NoContact),
+        noContact("http500:IC", NoContact, Refused), noContact("errtext:IC", Invalid, Invalid),
+        noContact("er:IC", Told, NoContact), noContact("wrongkey:IC", Invalid, Invalid),
+        noContact("garbage:IC", NoContact, NoContact), noContact("truncated:IC", Invalid, Invalid),
+        noContact("redirect:IC", NoContact, Circling), noContact("html:IC", NoContact, NoContact)));
+
+INSTANTIATE_TEST_SUITE_P(
+    PageCount, Faults,
+    testing::Values(overcome("delay:PC=100"), overcome("drip:PC=100"), noCount("stall:PC", "", Silent),
+                    noCount("reset:PC", "", CutShort), noCount("close:PC", "", CutShort),
+                    noCount("empty:PC", "", Done), noCount("http500:PC", "", Refused),
+                    noCount("errtext:PC", Invalid, Invalid), noCount("er:PC", Told, Done),
+                    noCount("wrongkey:PC", Invalid, Invalid), noCount("garbage:PC", "", Done),
+                    noCount("truncated:PC", Invalid, Invalid), noCount("redirect:PC", "", Circling),
+                    noCount("html:PC", "", Done)));
+
+INSTANTIATE_TEST_SUITE_P(
+    Page, Faults,
+    testing::Values(overcome("delay:GP=100"), overcome("drip:GP=60000"),
+                    noPage("stall:GP", "", Silent,
+                           "Page 3 could not be loaded.\nThe server has sent nothing for 0.3 seconds."),
+                    noPage("reset:GP", "", CutShort, "The answer ended after"),
+                    noPage("close:GP", "", CutShort, "The answer ended after"),
+                    noDocument("empty:GP", "No page returned."),
+                    noPage("http500:GP", "", Refused, "The server answered 500 Internal Server Error."),
+                    noDocument("errtext:GP", "Error: the archive is offline\n  unit 1 does not reply"),
+                    noPage("er:GP", Told, Done, NotLoaded), noPage("wrongkey:GP", "", Invalid, NotLoaded),
+                    noPage("garbage:GP", NoPicture, NoPicture, NotLoaded),
+                    noPage("truncated:GP", "The TIFF page cannot be opened",
+                           "Auto Error Report: VellaneInet.ImageView.DisplayPage", NotLoaded),
+                    noPage("redirect:GP", "", Circling, NotLoaded),
+                    noPage("html:GP", NoPicture, NoPicture, NotLoaded)));
+
+using FaultBoxes = FaceTest;
+
+TEST_F(FaultBoxes, OfferWhatCanBeDone) {
+    announcesErrors = true;
+    face->setFaults("http500:IC@2");
+    face->load(sample::Deed, 1);
+    ASSERT_TRUE(waitFor([this] { return face->messageBox().has_value(); }));
+    EXPECT_THAT(face->messageBox()->buttons, testing::UnorderedElementsAre("Retry", "Cancel"));
+    face->answer("Retry");
+    expectBox(NoContact, "Retry");
+    EXPECT_TRUE(waitForPage(1)) << "the third attempt succeeds";
+}
+
+} // namespace
+} // namespace pixmo::behaviour

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "tests/behaviour/facedriver.h"
+#include "tests/qt/engineprocess.h"
+#include "tests/qt/hostwindow.h"
+#include "tests/qt/userinput.h"
+
+class QAbstractScrollArea;
+class QScrollBar;
+
+namespace pixmo::qt {
+
+/// The Qt face for the behaviour suite.
+class QtDriver : public behaviour::FaceDriver {
+public:
+    explicit QtDriver(const EngineProcess& engine) : engine_(engine) {}
+    ~QtDriver() override;
+    QtDriver(const QtDriver&) = delete;
+    QtDriver& operator=(const QtDriver&) = delete;
+
+    void create() override;
+    void destroy() override;
+    void forgetSettings() override;
+    behaviour::Value get(const std::string& property) override;
+    void set(const std::string& property, const behaviour::Value& value) override;
+    behaviour::LastError lastError() override;
+    void load(int32_t docID, int16_t page) override;
+    void call(const std::string& method) override;
+    void resize(int32_t width, int32_t height) override;
+    void answerEvents(const behaviour::HostAnswers& answers) override;
+    void command(const std::string& key) override;
+    void setStallTimeout(int milliseconds) override;
+    std::vector<std::string> takeEvents() override;
+
+    std::vector<behaviour::ShownButton> toolbar() override;
+    std::string readOut() override;
+    std::string status() override;
+    std::string notice() override;
+    std::string description() override;
+    bool isIdle() override;
+    bool isPageDisplayed() override;
+    behaviour::ShownScroll scroll(bool horizontal) override;
+    int32_t pointer() override;
+    std::optional<std::string> debugPane() override;
+    behaviour::Picture picture() override;
+    std::string focus() override;
+
+    void press(int keyCode, int modifiers) override;
+    void type(const std::string& text) override;
+    void click(int32_t x, int32_t y, behaviour::Mouse button) override;
+    void doubleClick(int32_t x, int32_t y) override;
+    void drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, behaviour::Mouse button) override;
+    void release(behaviour::Mouse button) override;
+    void wheel(int32_t x, int32_t y, int notches, int modifiers) override;
+    void clickButton(const std::string& key) override;
+    void clickReadOut() override;
+    void clickHostField(const std::string& name) override;
+
+    void openToolbarMenu() override;
+    void openPageMenu() override;
+    std::optional<std::vector<behaviour::ShownEntry>> menu() override;
+    void choose(const std::string& text) override;
+
+    std::optional<behaviour::ShownBox> messageBox() override;
+    void answer(const std::string& button) override;
+    std::string dialog() override;
+    std::string dialogTitle() override;
+    std::string dialogText(const std::string& field) override;
+    std::string selectedText(const std::string& field) override;
+    void setDialogText(const std::string& field, const std::string& text) override;
+    void pressDialogButton(const std::string& button) override;
+
+    std::string engineAddress() override;
+    void setFaults(const std::string& faults) override;
+    int requests(const std::string& kind) override;
+
+private:
+    ImageView& view() const { return host_->view(); }
+    QAbstractScrollArea& page() const;
+    /// On the screen; of a widget its middle. Fails the test when there is nothing.
+    static std::optional<QPoint> placeOf(const QWidget* widget);
+    QPoint onPage(int32_t x, int32_t y) const;
+    void clickAt(std::optional<QPoint> place, behaviour::Mouse button = behaviour::Mouse::Left);
+
+    const EngineProcess& engine_;
+    std::unique_ptr<HostWindow> host_;
+    UserInput input_;
+};
+
+} // namespace pixmo::qt

@@ -1,0 +1,197 @@
+#include "tests/qt/openwindows.h"
+#include "tests/qt/qtdriver.h"
+#include "tests/qt/uithread.h"
+
+#include <QAbstractButton>
+#include <QAbstractScrollArea>
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QToolBar>
+#include <gtest/gtest.h>
+
+// What the user does to the control and its windows.
+namespace pixmo::qt {
+
+using namespace behaviour;
+
+QAbstractScrollArea& QtDriver::page() const {
+    return *view().findChild<QAbstractScrollArea*>(QStringLiteral("lvrImage"));
+}
+
+std::optional<QPoint> QtDriver::placeOf(const QWidget* widget) {
+    if (!widget || !widget->isVisible())
+        return std::nullopt;
+    return widget->mapToGlobal(widget->rect().center());
+}
+
+QPoint QtDriver::onPage(int32_t x, int32_t y) const {
+    return onUi([&] { return page().viewport()->mapToGlobal(QPoint(x, y)); });
+}
+
+void QtDriver::clickAt(std::optional<QPoint> place, Mouse button) {
+    if (!place) {
+        ADD_FAILURE() << "there is nothing to click";
+        return;
+    }
+    input_.moveTo(*place);
+    input_.button(button, true);
+    input_.button(button, false);
+}
+
+void QtDriver::press(int keyCode, int modifiers) {
+    input_.press(keyCode, modifiers);
+}
+
+void QtDriver::type(const std::string& text) {
+    input_.type(text);
+}
+
+void QtDriver::click(int32_t x, int32_t y, Mouse button) {
+    clickAt(onPage(x, y), button);
+}
+
+void QtDriver::doubleClick(int32_t x, int32_t y) {
+    clickAt(onPage(x, y));
+    clickAt(onPage(x, y));
+}
+
+void QtDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
+    constexpr int steps = 4;
+    input_.moveTo(onPage(fromX, fromY));
+    input_.button(button, true);
+    for (int step = 1; step <= steps; ++step)
+        input_.moveTo(onPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps));
+}
+
+void QtDriver::release(Mouse button) {
+    input_.button(button, false);
+}
+
+void QtDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
+    input_.moveTo(onPage(x, y));
+    input_.wheel(notches, modifiers);
+}
+
+void QtDriver::clickButton(const std::string& key) {
+    clickAt(onUi([&]() -> std::optional<QPoint> {
+        const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
+        for (QAction* action : bar.actions())
+            if (action->objectName().toStdString() == key)
+                return placeOf(bar.widgetForAction(action));
+        return std::nullopt;
+    }));
+}
+
+void QtDriver::clickReadOut() {
+    clickAt(onUi([this] { return placeOf(view().findChild<QLabel*>(QStringLiteral("txtPage"))); }));
+}
+
+void QtDriver::clickHostField(const std::string& name) {
+    clickAt(onUi([&] { return placeOf(host_->field(QString::fromStdString(name))); }));
+}
+
+void QtDriver::openToolbarMenu() {
+    // Behind the last button.
+    clickAt(onUi([this] {
+                const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
+                return std::optional(bar.mapToGlobal(QPoint(bar.width() - 4, bar.height() / 2)));
+            }),
+            Mouse::Right);
+}
+
+void QtDriver::openPageMenu() {
+    clickAt(onUi([this] { return placeOf(page().viewport()); }), Mouse::Right);
+}
+
+std::optional<std::vector<ShownEntry>> QtDriver::menu() {
+    return onUi([]() -> std::optional<std::vector<ShownEntry>> {
+        const QMenu* const menu = standingMenu();
+        return menu ? std::optional(look(*menu)) : std::nullopt;
+    });
+}
+
+void QtDriver::choose(const std::string& text) {
+    clickAt(onUi([&]() -> std::optional<QPoint> {
+        const QMenu* const menu = standingMenu();
+        if (!menu)
+            return std::nullopt;
+        for (QAction* action : menu->actions())
+            if (action->text().toStdString() == text)
+                return menu->mapToGlobal(menu->actionGeometry(action).center());
+        return std::nullopt;
+    }));
+}
+
+std::optional<ShownBox> QtDriver::messageBox() {
+    return onUi([]() -> std::optional<ShownBox> {
+        const QMessageBox* const box = standingBox();
+        return box ? std::optional(look(*box)) : std::nullopt;
+    });
+}
+
+void QtDriver::answer(const std::string& button) {
+    clickAt(onUi([&] {
+        const QMessageBox* const box = standingBox();
+        return box ? placeOf(buttonOf(*box, button)) : std::nullopt;
+    }));
+}
+
+std::string QtDriver::dialog() {
+    return onUi([] {
+        const QWidget* const window = standingDialog();
+        return window ? dialogName(*window) : std::string();
+    });
+}
+
+std::string QtDriver::dialogTitle() {
+    return onUi([] {
+        const QWidget* const window = standingDialog();
+        return window ? window->windowTitle().toStdString() : std::string();
+    });
+}
+
+std::string QtDriver::dialogText(const std::string& field) {
+    return onUi([&] {
+        const QWidget* const window = standingDialog();
+        return window ? textOf(*window, field) : std::string();
+    });
+}
+
+std::string QtDriver::selectedText(const std::string& field) {
+    return onUi([&] {
+        const QWidget* const window = standingDialog();
+        const auto* const edit =
+            window ? window->findChild<QLineEdit*>(QString::fromStdString(field)) : nullptr;
+        EXPECT_TRUE(edit) << "no field " << field;
+        return edit ? edit->selectedText().toStdString() : std::string();
+    });
+}
+
+void QtDriver::setDialogText(const std::string& field, const std::string& text) {
+    onUi([&] {
+        const QWidget* const window = standingDialog();
+        auto* const edit = window ? window->findChild<QLineEdit*>(QString::fromStdString(field)) : nullptr;
+        ASSERT_TRUE(edit) << "no field " << field;
+        edit->selectAll();
+        edit->insert(QString::fromStdString(text));
+    });
+}
+
+void QtDriver::pressDialogButton(const std::string& button) {
+    if (button.empty()) {
+        startOnUi([] {
+            if (QWidget* const window = standingDialog())
+                window->close();
+        });
+        onUi([] {});
+        return;
+    }
+    clickAt(onUi([&] {
+        const QWidget* const window = standingDialog();
+        return window ? placeOf(buttonOf(*window, button)) : std::nullopt;
+    }));
+}
+
+} // namespace pixmo::qt

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "tests/behaviour/facedriver.h"
+
+#include <QPoint>
+#include <memory>
+
+struct _XDisplay;
+
+namespace pixmo::qt {
+
+/// Keyboard and mouse of the screen, by the X server's own input events. Used from the thread of the tests;
+/// each call returns when the windows have been handed its events.
+class UserInput {
+public:
+    UserInput();
+    ~UserInput();
+    UserInput(const UserInput&) = delete;
+    UserInput& operator=(const UserInput&) = delete;
+
+    /// Waits until one of the program's windows has the keyboard.
+    void press(int keyCode, int modifiers);
+    void type(const std::string& text);
+    /// Places are the screen's.
+    void moveTo(QPoint place);
+    void button(behaviour::Mouse button, bool down);
+    void wheel(int notches, int modifiers);
+
+private:
+    class Sentinel;
+
+    void key(unsigned long symbol, bool down);
+    void hold(int modifiers, bool down);
+    void tap(unsigned long symbol);
+    /// All events so far have been handled, or a modal window that they opened is.
+    void settle();
+    bool keyboardIsHere() const;
+
+    _XDisplay* display_;
+    std::unique_ptr<Sentinel> sentinel_;
+};
+
+} // namespace pixmo::qt
