@@ -262,7 +262,7 @@ TEST_F(PrintedFile, ThePreviewShowsWhatIsPrinted) {
         const QRect printedInk = inkBox(printed);
         EXPECT_LE((shownInk.topLeft() - printedInk.topLeft()).manhattanLength(), 2);
         EXPECT_LE((shownInk.bottomRight() - printedInk.bottomRight()).manhattanLength(), 2);
-        EXPECT_LT(difference(shown, printed), 0.004);
+        EXPECT_LT(difference(shown, printed), 0.005);
     }
 }
 
