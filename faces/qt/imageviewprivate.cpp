@@ -27,7 +27,7 @@ namespace pixmo::qt {
 
 ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
-      page_(new PageView(&widget)), debug_(new DebugPane(&widget)), status_(widget),
+      page_(new PageView(&widget)), debug_(new DebugPane(&widget, page_)), status_(widget),
       actions_(widget,
                [this](const std::string& key) {
                    give([&key](pixmo::ImageView& control) { control.runCommand(key); });
