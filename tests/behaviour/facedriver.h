@@ -12,6 +12,7 @@ namespace pixmo::behaviour {
 
 /// Virtual-key codes; letters and digits are their own codes.
 namespace key {
+inline constexpr int Backspace = 0x08;
 inline constexpr int Tab = 0x09;
 inline constexpr int Enter = 0x0D;
 inline constexpr int Escape = 0x1B;
@@ -55,6 +56,7 @@ struct ShownButton {
 /// An entry of an open menu as the user sees it.
 struct ShownEntry {
     std::string text; ///< "&" before the mnemonic; empty for a separator
+    std::string keys; ///< that do the same, as shown: "Ctrl+Shift+H"
     bool separator = false;
     bool enabled = false;
     bool checked = false;
@@ -141,9 +143,9 @@ public:
     virtual std::string status() = 0;
     /// In place of the page, "" while the page is there; lines end in LF.
     virtual std::string notice() = 0;
-    /// For screen readers: "Page 3 of 12, 85 %".
+    /// For screen readers: "Page 3 of 12, 85 %", or the notice.
     virtual std::string description() = 0;
-    /// No transfer, no delayed fetch, no delayed repaint.
+    /// No transfer, no delayed fetch, no delayed repaint, no window that is about to take the keyboard.
     virtual bool isIdle() = 0;
     virtual bool isPageDisplayed() = 0;
     virtual ShownScroll scroll(bool horizontal) = 0;

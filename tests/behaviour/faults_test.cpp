@@ -19,15 +19,16 @@ void PrintTo(const FaultCase& faultCase, std::ostream* out) {
 
 class Faults : public FaceTest, public testing::WithParamInterface<FaultCase> {
 protected:
-    /// Answers the boxes with their last button until all is quiet; their texts.
+    /// Answers the boxes so that all ends until all is quiet; their texts.
     std::string answerBoxes() {
         std::string texts;
         EXPECT_TRUE(waitFor([&] {
-            if (const auto box = face->messageBox()) {
-                texts += box->text + '\n';
-                face->answer(box->buttons.size() == 3 ? "Abort" : "Cancel");
-            }
-            return !face->messageBox() && face->isIdle();
+            const auto box = face->messageBox();
+            if (!box)
+                return face->isIdle();
+            texts += box->text + '\n';
+            face->answer(box->buttons.size() == 1 ? "OK" : box->buttons.size() == 2 ? "Cancel" : "Abort");
+            return false;
         }));
         return texts;
     }

@@ -75,9 +75,11 @@ behaviour::ShownBox look(const QMessageBox& box) {
 
 std::vector<behaviour::ShownEntry> look(const QMenu& menu) {
     std::vector<behaviour::ShownEntry> entries;
-    for (const QAction* action : menu.actions())
-        entries.push_back(
-            {action->text().toStdString(), action->isSeparator(), action->isEnabled(), action->isChecked()});
+    for (const QAction* action : menu.actions()) {
+        const QStringList columns = action->text().split(QLatin1Char('\t'));
+        entries.push_back({columns.value(0).toStdString(), columns.value(1).toStdString(),
+                           action->isSeparator(), action->isEnabled(), action->isChecked()});
+    }
     return entries;
 }
 

@@ -196,7 +196,10 @@ std::string QtDriver::description() {
 }
 
 bool QtDriver::isIdle() {
-    return onUi([this] { return view().isIdle(); });
+    return onUi([this] {
+        const QWidget* const modal = QApplication::activeModalWidget();
+        return view().isIdle() && (!modal || modal == QApplication::activeWindow());
+    });
 }
 
 bool QtDriver::isPageDisplayed() {

@@ -118,7 +118,7 @@ void QtDriver::choose(const std::string& text) {
         if (!menu)
             return std::nullopt;
         for (QAction* action : menu->actions())
-            if (action->text().toStdString() == text)
+            if (action->text().section(QLatin1Char('\t'), 0, 0).toStdString() == text)
                 return menu->mapToGlobal(menu->actionGeometry(action).center());
         return std::nullopt;
     }));
