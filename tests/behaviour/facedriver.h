@@ -63,9 +63,9 @@ struct ShownEntry {
 };
 
 struct ShownBox {
-    std::string text; ///< lines end in LF
-    std::string icon; ///< "", "exclamation", "critical", "information", "question"
-    std::vector<std::string> buttons;
+    std::string text;                 ///< lines end in LF
+    std::string icon;                 ///< "", "exclamation", "critical", "information", "question"
+    std::vector<std::string> buttons; ///< those that answer, without mnemonics
 };
 
 /// One direction, device pixels of the picture.
@@ -145,12 +145,14 @@ public:
     virtual std::string notice() = 0;
     /// For screen readers: "Page 3 of 12, 85 %", or the notice.
     virtual std::string description() = 0;
-    /// No transfer, no delayed fetch, no delayed repaint, no window that is about to take the keyboard.
+    /// No transfer, no delayed fetch, no delayed repaint, no method that has not returned, no modal window.
     virtual bool isIdle() = 0;
     virtual bool isPageDisplayed() = 0;
     virtual ShownScroll scroll(bool horizontal) = 0;
     /// Code of the pointer over the page: 0 arrow, 2 cross, 13 arrow with hourglass, 15 in all directions.
     virtual int32_t pointer() = 0;
+    /// Page files in the cache of this control and of those before it.
+    virtual int pageFiles() = 0;
     /// Lines of `txtDebug`, none while it is hidden.
     virtual std::optional<std::string> debugPane() = 0;
     /// The view without scroll bars, from the screen, once all that was to be painted has been.

@@ -67,8 +67,8 @@ behaviour::ShownBox look(const QMessageBox& box) {
     behaviour::ShownBox shown;
     shown.text = (box.detailedText().isEmpty() ? box.text() : box.detailedText()).toStdString();
     shown.icon = iconName(box.icon());
-    for (const QAbstractButton* button : box.buttons())
-        if (button->isVisible())
+    for (QAbstractButton* button : box.buttons())
+        if (box.standardButton(button) != QMessageBox::NoButton)
             shown.buttons.push_back(plain(button->text()).toStdString());
     return shown;
 }
