@@ -11,15 +11,15 @@ namespace {
 constexpr int Drawing = 1005; ///< 7200 x 10800, 1 bit
 constexpr int Steps = 100;
 
-std::vector<double> steps(const ViewBench& bench, const std::function<void(int step)>& act) {
-    std::vector<double> times;
+std::vector<Duration> steps(const ViewBench& bench, const std::function<void(int step)>& act) {
+    std::vector<Duration> times;
     for (int step = 0; step < Steps; ++step)
         times.push_back(bench.untilPainted([&] { act(step); }));
     return times;
 }
 
 /// There and back, so that no step comes to an end of the drawing.
-std::vector<double> scrolling(const ViewBench& bench) {
+std::vector<Duration> scrolling(const ViewBench& bench) {
     return steps(bench, [&](int step) { bench.press(step % 20 < 10 ? Qt::Key_Down : Qt::Key_Up); });
 }
 

@@ -60,9 +60,9 @@ void seeAll(dlgThumbs& thumbs) {
 }
 
 void scroll(dlgThumbs& thumbs, qt::ThumbsView& list) {
-    std::vector<double> times;
+    std::vector<Duration> times;
     for (int frame = 0; frame < Frames; ++frame)
-        times.push_back(millisecondsOf([&] {
+        times.push_back(durationOf([&] {
             thumbs.scrollTo(thumbs.grid().scrollPosition() + (frame % 40 < 20 ? 7 : -7));
             list.viewport()->repaint();
         }));
@@ -78,18 +78,19 @@ void openManyThumbnails() {
     bench.open(Document, 1);
     const double before = residentMebibytes();
     QAction* const command = bench.view().action(QStringLiteral("THUMBS"));
-    std::printf("%d thumbnails: window open after %.1f ms", Count, millisecondsOf([&] {
+    std::printf("%d thumbnails: window open after %.1f ms", Count,
+                durationOf([&] {
                     command->trigger();
                     openWindow()->view().viewport()->repaint();
-                }));
+                }).wall);
     qt::ThumbsWindow& window = *openWindow();
     window.resize(1200, 1000);
     const auto thumbs = window.view().thumbs();
     std::printf(", the visible ones after %.0f ms\n",
-                millisecondsOf([&] { qt::waitFor([&] { return areShown(*thumbs); }); }));
+                durationOf([&] { qt::waitFor([&] { return areShown(*thumbs); }); }).wall);
     scroll(*thumbs, window.view());
     const double opened = residentMebibytes();
-    const double seconds = millisecondsOf([&] { seeAll(*thumbs); }) / 1000;
+    const double seconds = durationOf([&] { seeAll(*thumbs); }).wall / 1000;
     scroll(*thumbs, window.view());
     std::printf("memory: without %.0f MiB, open %.0f MiB, all seen once (in %.0f s) %.0f MiB\n", before,
                 opened, seconds, residentMebibytes());

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <stdexcept>
 #include <unistd.h>
@@ -37,18 +38,27 @@ private:
 
 } // namespace
 
-double millisecondsOf(const std::function<void()>& act) {
+Duration durationOf(const std::function<void()>& act) {
     const auto start = std::chrono::steady_clock::now();
+    const std::clock_t processorStart = std::clock();
     act();
-    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
-    return taken.count();
+    const double processor = 1000.0 * static_cast<double>(std::clock() - processorStart) / CLOCKS_PER_SEC;
+    const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
+    return {wall.count(), processor};
 }
 
-void report(const char* name, std::vector<double> milliseconds) {
-    std::sort(milliseconds.begin(), milliseconds.end());
-    const size_t count = milliseconds.size();
-    std::printf("%-44s median %7.2f ms, 95th percentile %7.2f ms (%zu)\n", name, milliseconds[count / 2],
-                milliseconds[count * 95 / 100], count);
+void report(const char* name, const std::vector<Duration>& durations) {
+    const auto at = [&durations](double Duration::*field, size_t percent) {
+        std::vector<double> values;
+        for (const Duration& each : durations)
+            values.push_back(each.*field);
+        std::sort(values.begin(), values.end());
+        return values[values.size() * percent / 100];
+    };
+    std::printf("%-44s median %7.2f ms, 95 %% %7.2f ms; of the processor %7.2f, %7.2f (%zu)\n", name,
+                at(&Duration::wall, 50), at(&Duration::wall, 95), at(&Duration::processor, 50),
+                at(&Duration::processor, 95), durations.size());
+    std::fflush(stdout);
 }
 
 double residentMebibytes() {
@@ -86,9 +96,9 @@ void ViewBench::waitForPage(int page) {
     QCoreApplication::processEvents();
 }
 
-double ViewBench::untilPainted(const std::function<void()>& act) const {
+Duration ViewBench::untilPainted(const std::function<void()>& act) const {
     PaintCounter counter(*page().viewport());
-    return millisecondsOf([&] {
+    return durationOf([&] {
         act();
         while (!counter.painted)
             QCoreApplication::processEvents();

@@ -11,10 +11,15 @@ class QAbstractScrollArea;
 
 namespace pixmo::bench {
 
-/// Milliseconds that it takes, by the clock on the wall.
-double millisecondsOf(const std::function<void()>& act);
-/// "name: median 1.23 ms, 95th percentile 2.34 ms (200)"
-void report(const char* name, std::vector<double> milliseconds);
+/// How long something takes, in milliseconds.
+struct Duration {
+    double wall = 0;
+    double processor = 0; ///< of all threads of the process; what a busy machine adds is not in it
+};
+
+Duration durationOf(const std::function<void()>& act);
+/// A line with the median and the 95th percentile of both.
+void report(const char* name, const std::vector<Duration>& durations);
 double residentMebibytes();
 
 /// A widget in a window before the engine.
@@ -28,7 +33,7 @@ public:
     void open(int document, int page);
     void waitForPage(int page);
     /// From the act until what it changed is painted and handed to the screen.
-    double untilPainted(const std::function<void()>& act) const;
+    Duration untilPainted(const std::function<void()>& act) const;
     void press(int key) const;
     void wheel(int notches) const;
 

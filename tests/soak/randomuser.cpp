@@ -48,13 +48,17 @@ bool fail(const char* what) {
 } // namespace
 
 RandomUser::RandomUser(uint32_t seed) : random_(seed) {
-    QObject::connect(&attention_, &QTimer::timeout, &attention_, [this] {
-        answerWindows();
-        // More happens while a call waits for the server or for the user.
-        if (depth_ > 0 && depth_ < DeepestStep && chance(8) == 0)
-            step();
-    });
+    // A timer rests while its own slot waits: what may wait comes in an event of its own.
+    QObject::connect(&attention_, &QTimer::timeout, &attention_,
+                     [this] { QTimer::singleShot(0, &attention_, [this] { attend(); }); });
     attention_.start(2);
+}
+
+void RandomUser::attend() {
+    answerWindows();
+    // More happens while a call waits for the server or for the user.
+    if (depth_ > 0 && depth_ < DeepestStep && chance(8) == 0)
+        step();
 }
 
 void RandomUser::begin() {

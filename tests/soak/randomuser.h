@@ -31,6 +31,7 @@ private:
     void wheel();
     void host();
     void fault();
+    void attend();
     /// Whatever window or menu stands is used or closed.
     void answerWindows();
     void answerDialog(QWidget& dialog);
