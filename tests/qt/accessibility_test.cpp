@@ -45,9 +45,9 @@ protected:
     }
     /// Everything that can take the focus or be pressed has a name.
     void expectNames(const Accessible& below) const {
-        const QStringList silent = {QStringLiteral("filler"), QStringLiteral("panel"),
-                                    QStringLiteral("scroll bar"), QStringLiteral("viewport"),
-                                    QStringLiteral("layered pane")};
+        const QStringList silent = {QStringLiteral("filler"),   QStringLiteral("panel"),
+                                    QStringLiteral("menu bar"), QStringLiteral("scroll bar"),
+                                    QStringLiteral("viewport"), QStringLiteral("layered pane")};
         for (const Accessible& each : below.showing()) {
             const QString role = each.role();
             if (!silent.contains(role) || each.states().contains(QStringLiteral("focusable"))) {

@@ -29,6 +29,9 @@ Accessible Accessible::program(const QString& name) {
     static const int started = atspi_init();
     if (started > 1)
         return {};
+    // A press that opens a modal window is answered when the window closes: nobody waits for that.
+    constexpr int milliseconds = 3000;
+    atspi_set_timeout(milliseconds, -1);
     const Accessible desktop(atspi_get_desktop(0));
     for (const Accessible& each : desktop.children())
         if (each.name() == name)
