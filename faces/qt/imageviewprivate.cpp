@@ -239,9 +239,10 @@ void ImageViewPrivate::applyAppearance(std::string_view name) {
         applyFont();
     else if (name == "Enabled")
         widget_.setEnabled(get<bool>("Enabled"));
-    else if (name == "BorderStyle")
+    else if (name == "BorderStyle") {
         relayout(false);
-    widget_.update();
+        widget_.update();
+    }
 }
 
 /// The colours of the surroundings stay until the host names others.
