@@ -63,7 +63,12 @@ public:
 
 private:
     Palette palette() const { return {header_.colours, header_.bits}; }
-    size_t rowSize() const { return (header_.width * static_cast<size_t>(header_.bits) + 7) / 8; }
+    /// Once the limits allow the picture, its sides fit into the memory's own measure.
+    size_t width() const { return static_cast<size_t>(header_.width); }
+    size_t height() const { return static_cast<size_t>(header_.height); }
+    size_t rowSize() const {
+        return static_cast<size_t>((header_.width * static_cast<uint64_t>(header_.bits) + 7) / 8);
+    }
     size_t storedStride() const { return (rowSize() + 3) / 4 * 4; }
 
     void requireAllRows() const {
@@ -82,21 +87,21 @@ private:
 
     void decodeRuns() {
         checkWorkingMemory(header_.width * header_.height, "its run lengths", limits_);
-        std::vector<uint8_t> indices(header_.width * header_.height);
-        decodeRunLengths(data_, header_.bits, header_.width, indices);
+        std::vector<uint8_t> indices(width() * height());
+        decodeRunLengths(data_, header_.bits, width(), indices);
         const Palette colours = palette();
-        for (size_t y = 0; y < header_.height; ++y)
-            colours.write(std::span(indices).subspan(y * header_.width, header_.width), target(y), 0);
+        for (size_t y = 0; y < height(); ++y)
+            colours.write(std::span(indices).subspan(y * width(), width()), target(y), 0);
     }
 
     void decodeIndices() {
         const Palette colours = palette();
         colours.dress(raster_);
-        std::vector<uint8_t> indices(header_.width);
-        for (size_t y = 0; y < header_.height; ++y) {
+        std::vector<uint8_t> indices(width());
+        for (size_t y = 0; y < height(); ++y) {
             const uint8_t* const stored = data_.data() + y * storedStride();
             if (header_.bits == 1) {
-                copyBits(stored, header_.width, target(y).data(), 0, colours.inverted());
+                copyBits(stored, width(), target(y).data(), 0, colours.inverted());
             } else {
                 unpackSamples(stored, header_.bits, indices);
                 colours.write(indices, target(y), 0);
@@ -108,10 +113,10 @@ private:
         const std::array channels = {MaskedChannel(header_.masks[0]), MaskedChannel(header_.masks[1]),
                                      MaskedChannel(header_.masks[2])};
         const ByteReader stored(data_);
-        for (size_t y = 0; y < header_.height; ++y) {
+        for (size_t y = 0; y < height(); ++y) {
             size_t at = y * storedStride();
             uint8_t* pixel = target(y).data();
-            for (size_t x = 0; x < header_.width; ++x) {
+            for (size_t x = 0; x < width(); ++x) {
                 if (header_.bits == 24) {
                     for (size_t channel = 3; channel-- > 0;)
                         *pixel++ = data_[at + channel];

@@ -86,8 +86,8 @@ std::vector<uint8_t> encodeFax4(const Raster& picture) {
     }
     if (TIFFFlushData(tiff.get()) == 0)
         return {};
-    const size_t offset = TIFFGetStrileOffset(tiff.get(), 0);
-    const size_t count = TIFFGetStrileByteCount(tiff.get(), 0);
+    const uint64_t offset = TIFFGetStrileOffset(tiff.get(), 0);
+    const uint64_t count = TIFFGetStrileByteCount(tiff.get(), 0);
     if (count == 0 || offset + count > file.bytes.size())
         return {};
     const auto begin = file.bytes.begin() + static_cast<std::ptrdiff_t>(offset);

@@ -81,14 +81,15 @@ void readBlocks(const TiffFile& file, TiffLayout& layout, const DecodeLimits& li
                              : std::min(file.dword(TIFFTAG_ROWSPERSTRIP, layout.height), layout.height);
     if (layout.blockWidth == 0 || layout.blockHeight == 0)
         throw pictureError("The TIFF page has strips or tiles without pixels.");
-    layout.blockRowBytes = layout.tiled ? TIFFTileRowSize64(file.tiff()) : TIFFScanlineSize64(file.tiff());
+    const uint64_t rowBytes = layout.tiled ? TIFFTileRowSize64(file.tiff()) : TIFFScanlineSize64(file.tiff());
     const uint64_t samples = layout.separate ? 1 : layout.samples;
     if (layout.colours != TiffLayout::Colours::Other &&
-        layout.blockRowBytes < (layout.blockWidth * samples * layout.bits + 7) / 8)
+        rowBytes < (layout.blockWidth * samples * layout.bits + 7) / 8)
         file.fail("The TIFF page has rows of an impossible size");
-    if (layout.blockRowBytes > limits.bytes / layout.blockHeight / layout.planes())
+    if (rowBytes > limits.bytes / layout.blockHeight / layout.planes())
         throw pictureError("The TIFF page has strips or tiles above the limit of " +
                            std::to_string(limits.bytes) + " bytes.");
+    layout.blockRowBytes = static_cast<size_t>(rowBytes);
     const uint64_t pixels = uint64_t{layout.blockWidth} * layout.blockHeight;
     if (layout.tiled && pixels > LargestUselessBlock && pixels / 4 > uint64_t{layout.width} * layout.height)
         throw pictureError("The TIFF page has tiles of " + std::to_string(layout.blockWidth) + " x " +

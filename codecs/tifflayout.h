@@ -2,6 +2,7 @@
 
 #include "core/imaging/pagedecoder.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace pixmo {
@@ -25,9 +26,9 @@ struct TiffLayout {
     Colours colours = Colours::Indices;
     bool separate = false; ///< each sample in blocks of its own
     bool tiled = false;
-    uint32_t blockWidth = 0;    ///< pixels of a strip or tile
-    uint32_t blockHeight = 0;   ///< rows of a strip or tile, never more than a strip can have
-    uint64_t blockRowBytes = 0; ///< of one plane where samples are separate
+    uint32_t blockWidth = 0;  ///< pixels of a strip or tile
+    uint32_t blockHeight = 0; ///< rows of a strip or tile, never more than a strip can have
+    size_t blockRowBytes = 0; ///< of one plane where samples are separate
 
     uint16_t planes() const { return separate ? samples : uint16_t{1}; }
     uint32_t blocksAcross() const { return (width - 1) / blockWidth + 1; }

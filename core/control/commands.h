@@ -69,6 +69,8 @@ public:
     static std::string shortcutOf(std::string_view key);
     /// A key of the image area; shift is the sum of 1 Shift, 2 Ctrl, 4 Alt. Whether the key means something.
     bool lvwImage_KeyDown(int16_t keyCode, int16_t shift);
+    /// Whether such a key means something, without doing it.
+    bool isKey(int16_t keyCode, int16_t shift) const;
 
     CommandFacts facts() const;
     /// Enables the toolbar's buttons by the facts.

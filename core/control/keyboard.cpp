@@ -96,6 +96,14 @@ struct KeyTable {
         {With::AnyOther, key::End, "PAGELAST", nullptr},
     }};
 
+    /// nullptr for a key that means nothing now.
+    static const Row* find(const C& c, int16_t keyCode, int16_t shift) {
+        const auto* const found = std::find_if(Rows.begin(), Rows.end(), [&](const Row& row) {
+            return row.keyCode == keyCode && isMeant(row.with, shift) && !c.isForbidden(row.command);
+        });
+        return found == Rows.end() ? nullptr : found;
+    }
+
     static void act(C& c, const Row& row) {
         if (row.act)
             row.act(c);
@@ -105,13 +113,14 @@ struct KeyTable {
 };
 
 bool Commands::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
-    for (const KeyTable::Row& row : KeyTable::Rows) {
-        if (row.keyCode != keyCode || !isMeant(row.with, shift) || isForbidden(row.command))
-            continue;
-        parts_.procedure("lvwImage_KeyDown").step([&] { KeyTable::act(*this, row); });
-        return true;
-    }
-    return false;
+    const KeyTable::Row* const row = KeyTable::find(*this, keyCode, shift);
+    if (row)
+        parts_.procedure("lvwImage_KeyDown").step([&] { KeyTable::act(*this, *row); });
+    return row;
+}
+
+bool Commands::isKey(int16_t keyCode, int16_t shift) const {
+    return KeyTable::find(*this, keyCode, shift);
 }
 
 std::string Commands::shortcutOf(std::string_view key) {

@@ -4,12 +4,6 @@
 
 namespace pixmo {
 
-namespace {
-
-constexpr int32_t Gap = 6;
-
-} // namespace
-
 ControlLayout layOut(const LayoutMeasures& m) {
     const int32_t width = std::max(m.width, 0);
     const int32_t height = std::max(m.height, 0);
@@ -27,11 +21,11 @@ ControlLayout layOut(const LayoutMeasures& m) {
     layout.readOut = {0, statusTop, readOutWidth, statusHeight};
     const int32_t zoomWidth = std::min(m.zoomWidth, width - readOutWidth);
     layout.zoom = {width - zoomWidth, statusTop, zoomWidth, statusHeight};
-    const int32_t progressWidth = std::clamp(layout.zoom.left - readOutWidth - 2 * Gap, 0, m.progressWidth);
+    const int32_t progressWidth = std::clamp(layout.zoom.left - readOutWidth - 2 * m.gap, 0, m.progressWidth);
     layout.progress = {layout.zoom.left - progressWidth, statusTop, progressWidth, statusHeight};
-    const int32_t statusLeft = readOutWidth + Gap;
+    const int32_t statusLeft = readOutWidth + m.gap;
     layout.status = {statusLeft, statusTop,
-                     std::max(0, layout.progress.left - (progressWidth > 0 ? Gap : 0) - statusLeft),
+                     std::max(0, layout.progress.left - (progressWidth > 0 ? m.gap : 0) - statusLeft),
                      statusHeight};
     return layout;
 }

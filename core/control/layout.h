@@ -4,7 +4,7 @@
 
 namespace pixmo {
 
-/// In device-independent pixels of the control, origin at its upper left corner.
+/// In whatever pixels the face measures, origin at the control's upper left corner.
 struct Box {
     int32_t left = 0;
     int32_t top = 0;
@@ -22,6 +22,7 @@ struct LayoutMeasures {
     int32_t statusHeight = 0;  ///< of one line of text with its margins; 0 hides the status line
     int32_t progressWidth = 0; ///< 0 hides the progress bar
     int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
+    int32_t gap = 6;           ///< between the fields of the status line
     bool debugShown = false;
 };
 

@@ -3,8 +3,9 @@
 #include "core/base/error.h"
 #include "core/base/text.h"
 
+#include <cstdio>
 #include <filesystem>
-#include <system_error>
+#include <fstream>
 
 namespace pixmo {
 
@@ -44,8 +45,6 @@ ApplicationLog& ApplicationLog::instance() {
 }
 
 void ApplicationLog::StartLogging(const std::string& path, int32_t mode) {
-    if (path != path_ || mode != mode_)
-        file_.reset();
     if (path != path_)
         torn_ = false;
     path_ = path;
@@ -62,35 +61,17 @@ void ApplicationLog::LogEvent(std::string_view text, int32_t level) {
         std::fputs(line.c_str(), stderr);
 }
 
-bool ApplicationLog::isFileInPlace() const {
-    if (!file_)
-        return false;
-    std::error_code problem;
-    const auto size = std::filesystem::file_size(
-        std::filesystem::path(reinterpret_cast<const char8_t*>(path_.c_str())), problem);
-    return !problem && size >= written_;
-}
-
-void ApplicationLog::openFile() {
-    file_.reset(std::fopen(path_.c_str(), "a"));
-    if (!file_)
-        throw pathFileAccessError();
-    written_ = 0;
-}
-
-// A removed, replaced or shortened file is begun anew: help desks clear logs under running programs.
+// The file is open no longer than it takes to write an entry: help desks clear, move and remove logs under
+// running programs.
 void ApplicationLog::writeToFile(const std::string& line) {
-    if (!isFileInPlace())
-        openFile();
-    const std::string whole = torn_ ? "\n" + line : line;
-    const bool written = std::fwrite(whole.data(), 1, whole.size(), file_.get()) == whole.size() &&
-                         std::fflush(file_.get()) == 0;
-    torn_ = !written;
-    if (!written) {
-        file_.reset();
+    std::ofstream file(std::filesystem::path(reinterpret_cast<const char8_t*>(path_.c_str())), std::ios::app);
+    if (!file)
+        throw pathFileAccessError();
+    file << (torn_ ? "\n" + line : line);
+    file.close();
+    torn_ = !file;
+    if (torn_)
         throw diskFullError();
-    }
-    written_ += whole.size();
 }
 
 } // namespace pixmo

@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -27,7 +25,7 @@ class ApplicationLog {
 public:
     static ApplicationLog& instance();
 
-    /// Mode Off keeps the path. A file is opened with its first entry, for appending.
+    /// The path is UTF-8. Mode Off keeps it. Entries are appended to what the file has.
     void StartLogging(const std::string& path, int32_t mode);
     int32_t LogMode() const { return mode_; }
     const std::string& LogPath() const { return path_; }
@@ -38,19 +36,11 @@ public:
     void LogEvent(std::string_view text, int32_t level);
 
 private:
-    struct CloseFile {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-
-    bool isFileInPlace() const;
-    void openFile();
     void writeToFile(const std::string& line);
 
     int32_t mode_ = log_mode::Automatic;
     std::string path_;
-    std::unique_ptr<std::FILE, CloseFile> file_;
-    uintmax_t written_ = 0; ///< size of the file after the last entry
-    bool torn_ = false;     ///< the last entry could not be written whole
+    bool torn_ = false; ///< the last entry could not be written whole
 };
 
 } // namespace pixmo

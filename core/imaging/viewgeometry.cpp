@@ -174,6 +174,20 @@ Size ViewGeometry::sizeIn(Size viewport) const {
             wholeSide(picture_.height / yResolution_ * scale)};
 }
 
+/// What does not fit needs a bar, which leaves less room for the other direction.
+ViewGeometry::Bars ViewGeometry::barsIn(Size window, Size bar) const {
+    Bars bars;
+    Size room = window;
+    for (int look = 0; look < 2 && hasPicture(); ++look) {
+        const Size shown = sizeIn(room);
+        bars.vertical = bars.vertical || shown.height > room.height;
+        bars.horizontal = bars.horizontal || shown.width > room.width;
+        room = {window.width - (bars.vertical ? bar.width : 0),
+                window.height - (bars.horizontal ? bar.height : 0)};
+    }
+    return bars;
+}
+
 /// 1 is the true size.
 double ViewGeometry::scaleIn(Size viewport) const {
     const double across = viewport.width / (picture_.width / xResolution_ * dotsPerInch_);

@@ -89,11 +89,16 @@ public:
     RealPoint toPicture(RealPoint view) const;
     RealPoint toView(RealPoint picture) const;
 
-    /// The size that the picture would have in another viewport, device pixels. By this a face decides on
-    /// scroll bars before it tells the view what is left of its window: first without bars; what does not
-    /// fit needs a bar, which makes the viewport smaller for the other direction. Asking the view again
-    /// after each bar would let bars come and go for ever, as a fitted picture shrinks with its viewport.
+    /// The size that the picture would have in another viewport, device pixels.
     Size sizeIn(Size viewport) const;
+    /// Which scroll bars a window needs that is so large without them; `bar` is how wide the vertical one is
+    /// and how high the horizontal one. Found for the whole window at once: asking again after each bar would
+    /// let bars come and go for ever, as a fitted picture shrinks with its viewport.
+    struct Bars {
+        bool horizontal = false;
+        bool vertical = false;
+    };
+    Bars barsIn(Size window, Size bar) const;
 
     bool operator==(const ViewGeometry&) const = default;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/base/event.h"
+#include "core/base/menu.h"
 #include "core/base/toolbar.h"
 #include "core/platform/settingsstore.h"
 #include "core/platform/timer.h"
@@ -18,6 +19,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pixmo {
@@ -96,6 +98,15 @@ public:
     std::string reason(int16_t page) const { return pictures_.reason(page - 1); }
     const ThumbPicture* picture(int16_t page) { return pictures_.picture(page - 1); }
     size_t pixelCount() const { return pictures_.pixelCount(); }
+
+    /// What the window's toolbar and its two menus, of the toolbar and of the thumbnails, show now.
+    Toolbar toolbar() const;
+    std::vector<MenuItem> toolbarMenu() const;
+    std::vector<MenuItem> viewMenu() const;
+    /// The key that gives a command, as a menu names it; "" for none.
+    static std::string shortcutOf(std::string_view key);
+    /// A command of toolbar or menu; ignored while it is disabled.
+    void run(std::string_view key);
 
     bool mnuPopToolbar = true;
     bool mnuPopup1LargeButtons = true;

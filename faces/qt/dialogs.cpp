@@ -1,11 +1,13 @@
 #include "faces/qt/dialogs.h"
 
 #include "core/dialogs/dlggotopage.h"
+#include "core/dialogs/dlgsavepage.h"
 #include "faces/qt/aboutdialog.h"
 #include "faces/qt/gotodialog.h"
 #include "faces/qt/imageview.h"
 #include "faces/qt/logdialog.h"
 #include "faces/qt/savepagedialog.h"
+#include "faces/qt/settingsstore.h"
 #include "faces/qt/texts.h"
 
 #include <QPointer>
@@ -47,7 +49,9 @@ void Dialogs::showModal(dlgLog& dialog) {
 std::optional<std::filesystem::path> Dialogs::askSavePath(const std::string& suggestedName) {
     if (!link_->widget)
         return std::nullopt;
-    const QPointer<SavePageDialog> window = new SavePageDialog(toQt(suggestedName), link_->widget);
+    SettingsStore settings;
+    dlgSavePage dialog(suggestedName, settings);
+    const QPointer<SavePageDialog> window = new SavePageDialog(dialog, link_->widget);
     if (!run(window.data()))
         return std::nullopt;
     return std::filesystem::path(window->chosenPath().toStdU16String());

@@ -1,5 +1,6 @@
 #include "faces/qt/logdialog.h"
 
+#include "core/diag/settings.h"
 #include "core/dialogs/dlglog.h"
 #include "faces/qt/settingsstore.h"
 #include "faces/qt/texts.h"
@@ -19,14 +20,13 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr QSize UsualSize(760, 480);
-constexpr const char* Section = "dlgLog";
-constexpr const char* KeyWidth = "Form.Width";
-constexpr const char* KeyHeight = "Form.Height";
-
-int keptLength(const char* key, int otherwise) {
-    const std::string kept = SettingsStore().GetSetting(Section, key, std::to_string(otherwise));
+int keptLength(const setting::Setting& which) {
+    const std::string kept = SettingsStore().GetSetting(which.section, which.key, which.defaultValue);
     return qBound(200, toQt(kept).toInt(), 10'000);
+}
+
+void keepLength(const setting::Setting& which, int length) {
+    SettingsStore().SaveSetting(which.section, which.key, std::to_string(length));
 }
 
 } // namespace
@@ -115,12 +115,12 @@ void LogDialog::addShortcuts() {
 }
 
 void LogDialog::restoreSize() {
-    resize(keptLength(KeyWidth, UsualSize.width()), keptLength(KeyHeight, UsualSize.height()));
+    resize(keptLength(setting::LogWidth), keptLength(setting::LogHeight));
 }
 
 void LogDialog::done(int result) {
-    SettingsStore().SaveSetting(Section, KeyWidth, std::to_string(width()));
-    SettingsStore().SaveSetting(Section, KeyHeight, std::to_string(height()));
+    keepLength(setting::LogWidth, width());
+    keepLength(setting::LogHeight, height());
     SmallWindow::done(result);
 }
 

@@ -1,5 +1,7 @@
 #include "faces/qt/pageview.h"
 
+#include "core/control/viewpicture.h"
+#include "faces/qt/palettes.h"
 #include "faces/qt/texts.h"
 
 #include <QPainter>
@@ -11,9 +13,6 @@ namespace pixmo::qt {
 
 namespace {
 
-/// How much of the former picture the veil hides.
-constexpr int VeilAlpha = 191;
-constexpr int BandAlpha = 40;
 constexpr int NoticeMargin = 12;
 
 Qt::CursorShape shapeOf(int32_t code) {
@@ -76,29 +75,18 @@ void PageView::refreshNotice() {
     viewport()->update();
 }
 
-// Which bars are needed is found for the whole area first: what does not fit needs a bar, which leaves less
-// room for the other direction.
 void PageView::showBars() {
     const auto control = control_.lock();
     if (!control || mirroring_)
         return;
     mirroring_ = true;
-    const ViewGeometry& geometry = control->lvrImage().geometry();
     const QSize barSize =
         deviceSize({verticalScrollBar()->sizeHint().width(), horizontalScrollBar()->sizeHint().height()});
     const QSize whole = deviceSize(size());
-    Size room{whole.width(), whole.height()};
-    bool vertical = false;
-    bool horizontal = false;
-    for (int look = 0; look < 2 && geometry.hasPicture(); ++look) {
-        const Size shown = geometry.sizeIn(room);
-        vertical = vertical || shown.height > room.height;
-        horizontal = horizontal || shown.width > room.width;
-        room = {whole.width() - (vertical ? barSize.width() : 0),
-                whole.height() - (horizontal ? barSize.height() : 0)};
-    }
-    setVerticalScrollBarPolicy(vertical ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    setHorizontalScrollBarPolicy(horizontal ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    const ViewGeometry::Bars bars = control->lvrImage().geometry().barsIn(
+        {whole.width(), whole.height()}, {barSize.width(), barSize.height()});
+    setVerticalScrollBarPolicy(bars.vertical ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(bars.horizontal ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     control->lvrImage().resize();
     mirrorBars();
     mirroring_ = false;
@@ -128,22 +116,16 @@ void PageView::changeEvent(QEvent* event) {
 }
 
 void PageView::paintEvent(QPaintEvent*) {
-    const auto control = control_.lock();
     QPainter painter(viewport());
-    const QColor background =
-        control ? QColor::fromRgb(control->lvrImage().background()) : palette().color(QPalette::Window);
-    const QString notice = control ? linesToQt(control->viewNotice()) : QString();
-    if (!control || (!notice.isEmpty() && !control->isPageAwaited()))
-        painter.fillRect(viewport()->rect(), background);
-    else
-        paintPicture(painter);
+    const auto control = control_.lock();
+    if (!control) {
+        painter.fillRect(viewport()->rect(), palette().color(QPalette::Window));
+        return;
+    }
+    paintPicture(painter);
+    const QString notice = linesToQt(control->viewNotice());
     if (!notice.isEmpty())
         paintNotice(painter, notice);
-    if (hasFocus()) {
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
-    }
 }
 
 void PageView::paintPicture(QPainter& painter) {
@@ -158,18 +140,13 @@ void PageView::paintPicture(QPainter& painter) {
     if (image_.isNull())
         return;
     const auto stride = static_cast<size_t>(image_.bytesPerLine()) / sizeof(uint32_t);
-    control->lvrImage().compose(
-        {reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(), stride});
+    paintView(*control, {reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(), stride},
+              toPalette(palette()), hasFocus());
     image_.setDevicePixelRatio(ratio);
     painter.drawImage(QPoint(0, 0), image_);
-    paintRubberBand(painter);
 }
 
 void PageView::paintNotice(QPainter& painter, const QString& notice) {
-    const auto control = control_.lock();
-    QColor veil = QColor::fromRgb(control->lvrImage().background());
-    veil.setAlpha(VeilAlpha);
-    painter.fillRect(viewport()->rect(), veil);
     const QMargins margins(NoticeMargin, NoticeMargin, NoticeMargin, NoticeMargin);
     const QRect room = viewport()->rect().marginsRemoved(margins * 2);
     const int flags = Qt::AlignCenter | Qt::TextWordWrap;
@@ -179,21 +156,6 @@ void PageView::paintNotice(QPainter& painter, const QString& notice) {
     painter.drawRect(plate);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(room, flags, notice);
-}
-
-void PageView::paintRubberBand(QPainter& painter) {
-    const auto control = control_.lock();
-    if (!control->lvrImage().rubberBandActive)
-        return;
-    const RealRectangle& band = control->lvrImage().rubberBand;
-    const double ratio = devicePixelRatioF();
-    const QRect shown =
-        QRectF(band.left / ratio, band.top / ratio, band.width / ratio, band.height / ratio).toRect();
-    QColor fill = palette().color(QPalette::Highlight);
-    painter.setPen(fill);
-    fill.setAlpha(BandAlpha);
-    painter.setBrush(fill);
-    painter.drawRect(shown);
 }
 
 void PageView::focusInEvent(QFocusEvent* event) {

@@ -44,7 +44,6 @@ private:
     QSize deviceSize(QSize size) const;
     void paintPicture(QPainter& painter);
     void paintNotice(QPainter& painter, const QString& notice);
-    void paintRubberBand(QPainter& painter);
     QPointF devicePoint(QPointF point) const { return point * devicePixelRatioF(); }
     void showBars();
     void mirrorBars();

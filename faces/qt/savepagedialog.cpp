@@ -1,6 +1,6 @@
 #include "faces/qt/savepagedialog.h"
 
-#include "faces/qt/settingsstore.h"
+#include "core/dialogs/dlgsavepage.h"
 #include "faces/qt/texts.h"
 
 #include <QDir>
@@ -11,40 +11,41 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr const char* Section = "SavePage";
-constexpr const char* KeyFolder = "Folder";
-constexpr const char* KeyFormat = "Format";
-
-QString keptFolder() {
-    const QString usual = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString kept = toQt(SettingsStore().GetSetting(Section, KeyFolder, usual.toStdString()));
+QString usualFolder(const dlgSavePage& dialog) {
+    const QString kept = dialog.folder().empty()
+                             ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                             : toQt(dialog.folder());
     return QDir(kept).exists() ? kept : QDir::homePath();
+}
+
+std::filesystem::path toPath(const QString& path) {
+    return {path.toStdU16String()};
 }
 
 } // namespace
 
-SavePageDialog::SavePageDialog(const QString& suggestedName, QWidget* parent)
-    : QFileDialog(parent, tr("Save Page As"), keptFolder()) {
+SavePageDialog::SavePageDialog(dlgSavePage& dialog, QWidget* parent)
+    : QFileDialog(parent, tr("Save Page As"), usualFolder(dialog)), dialog_(dialog) {
     const QStringList filters = {tr("TIFF picture (*.tif *.tiff)"), tr("PNG picture (*.png)")};
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
     setNameFilters(filters);
-    if (SettingsStore().GetSetting(Section, KeyFormat, "tif") == "png")
+    if (dialog_.format() == dlgSavePage::Format::Png)
         selectNameFilter(filters.at(1));
-    setDefaultSuffix(suffix());
-    selectFile(suggestedName + QLatin1Char('.') + suffix());
-    // The name follows the format.
-    connect(this, &QFileDialog::filterSelected, this, [this] {
-        setDefaultSuffix(suffix());
-        const QFileInfo file(selectedFiles().value(0));
-        if (!file.completeBaseName().isEmpty() && !file.isDir())
-            selectFile(file.completeBaseName() + QLatin1Char('.') + suffix());
-    });
+    setDefaultSuffix(QLatin1String(dialog_.ending()));
+    selectFile(toQt(dialog_.suggestedFile()));
+    connect(this, &QFileDialog::filterSelected, this, [this] { followFilter(); });
 }
 
-QString SavePageDialog::suffix() const {
-    return selectedNameFilter().contains(QLatin1String("*.png")) ? QStringLiteral("png")
-                                                                 : QStringLiteral("tif");
+/// The name follows the format.
+void SavePageDialog::followFilter() {
+    const bool png = selectedNameFilter().contains(QLatin1String("*.png"));
+    dialog_.setFormat(png ? dlgSavePage::Format::Png : dlgSavePage::Format::Tiff);
+    const QString ending = QLatin1String(dialog_.ending());
+    setDefaultSuffix(ending);
+    const QFileInfo file(selectedFiles().value(0));
+    if (!file.completeBaseName().isEmpty() && !file.isDir())
+        selectFile(file.completeBaseName() + QLatin1Char('.') + ending);
 }
 
 QString SavePageDialog::chosenPath() const {
@@ -53,18 +54,11 @@ QString SavePageDialog::chosenPath() const {
 
 void SavePageDialog::accept() {
     const QFileInfo file(selectedFiles().value(0));
-    const QString ending = file.suffix().toLower();
-    // Another ending would name a format that is not written.
-    if (!file.isDir() && ending != QLatin1String("png") && ending != QLatin1String("tif") &&
-        ending != QLatin1String("tiff"))
-        selectFile(file.fileName() + QLatin1Char('.') + suffix());
+    if (!file.isDir())
+        selectFile(QString::fromStdU16String(dialog_.withEnding(toPath(file.fileName())).u16string()));
     QFileDialog::accept();
-    if (result() != Accepted)
-        return;
-    SettingsStore().SaveSetting(Section, KeyFolder, QFileInfo(chosenPath()).absolutePath().toStdString());
-    SettingsStore().SaveSetting(Section, KeyFormat,
-                                chosenPath().endsWith(QLatin1String(".png"), Qt::CaseInsensitive) ? "png"
-                                                                                                  : "tif");
+    if (result() == Accepted)
+        dialog_.cmdOK_Click(toPath(QFileInfo(chosenPath()).absoluteFilePath()));
 }
 
 } // namespace pixmo::qt

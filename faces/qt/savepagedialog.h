@@ -2,21 +2,28 @@
 
 #include <QFileDialog>
 
+namespace pixmo {
+class dlgSavePage;
+}
+
 namespace pixmo::qt {
 
-/// Where to save a page: folder and format of the last time, as TIFF or PNG.
+/// The window of dlgSavePage.
 class SavePageDialog : public QFileDialog {
     Q_OBJECT
 
 public:
-    SavePageDialog(const QString& suggestedName, QWidget* parent);
+    /// The object outlives the window.
+    SavePageDialog(dlgSavePage& dialog, QWidget* parent);
 
     /// With the ending of the format, when the user gave another one or none.
     QString chosenPath() const;
     void accept() override;
 
 private:
-    QString suffix() const;
+    void followFilter();
+
+    dlgSavePage& dialog_;
 };
 
 } // namespace pixmo::qt

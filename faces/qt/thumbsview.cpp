@@ -1,7 +1,8 @@
 #include "faces/qt/thumbsview.h"
 
+#include "core/thumbs/thumbpainter.h"
+#include "faces/qt/palettes.h"
 #include "faces/qt/texts.h"
-#include "faces/qt/thumbpainter.h"
 #include "faces/qt/thumbsaccessible.h"
 #include "faces/qt/virtualkeys.h"
 
@@ -113,7 +114,39 @@ void ThumbsView::paintEvent(QPaintEvent*) {
                          Qt::AlignCenter | Qt::TextWordWrap, notice);
         return;
     }
-    ThumbPainter(*this, *thumbs, painter).paint();
+    paintThumbs(*thumbs, painter);
+}
+
+void ThumbsView::paintThumbs(dlgThumbs& thumbs, QPainter& painter) {
+    const double ratio = devicePixelRatioF();
+    const QSize size(qRound(viewport()->width() * ratio), qRound(viewport()->height() * ratio));
+    if (image_.size() != size)
+        image_ = QImage(size, QImage::Format_RGB32);
+    if (image_.isNull())
+        return;
+    const auto fontOf = [this](bool bold) {
+        QFont own = font();
+        own.setBold(bold);
+        return own;
+    };
+    const auto measure = [&](const std::string& text, bool bold) {
+        const QFontMetrics metrics(fontOf(bold));
+        return Size{qRound(metrics.horizontalAdvance(toQt(text)) * ratio), qRound(metrics.height() * ratio)};
+    };
+    const auto stride = static_cast<size_t>(image_.bytesPerLine()) / sizeof(uint32_t);
+    ThumbPainter thumbPainter(
+        thumbs, {reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(), stride},
+        {toPalette(palette()), ratio, hasFocus()}, measure);
+    const std::vector<TextRun> texts = thumbPainter.paint();
+    image_.setDevicePixelRatio(ratio);
+    painter.drawImage(QPoint(0, 0), image_);
+    for (const TextRun& run : texts) {
+        painter.setFont(fontOf(run.bold));
+        painter.setPen(QColor::fromRgb(run.rgb));
+        painter.drawText(QRectF(run.place.left / ratio, run.place.top / ratio, run.place.width / ratio,
+                                run.place.height / ratio),
+                         Qt::AlignCenter, toQt(run.text));
+    }
 }
 
 void ThumbsView::focusInEvent(QFocusEvent* event) {

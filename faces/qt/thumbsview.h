@@ -3,6 +3,7 @@
 #include "core/thumbs/dlgthumbs.h"
 
 #include <QAbstractScrollArea>
+#include <QImage>
 #include <QTimer>
 #include <memory>
 
@@ -45,6 +46,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void paintThumbs(dlgThumbs& thumbs, QPainter& painter);
     void startBand(dlgThumbs& thumbs, QPoint place);
     void scrollWithBand();
     void tellAccessibility(const dlgThumbs& thumbs);
@@ -57,6 +59,7 @@ private:
     bool mirroring_ = false;
     int wheel_ = 0; ///< eighths of a degree that made no step yet
     double ratio_ = 0;
+    QImage image_;
     QTimer bandScroll_;
     int toldFocus_ = -1;
     size_t toldSelected_ = 0;

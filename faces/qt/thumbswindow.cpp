@@ -1,16 +1,14 @@
 #include "faces/qt/thumbswindow.h"
 
-#include "faces/qt/commandicon.h"
+#include "faces/qt/commandtoolbar.h"
+#include "faces/qt/popupmenu.h"
 #include "faces/qt/texts.h"
 #include "faces/qt/thumbsview.h"
 
-#include <QAction>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QPointer>
 #include <QScreen>
-#include <QToolBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -18,8 +16,6 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr int LargeIcon = 32;
-constexpr int SmallIcon = 16;
 constexpr QSize UsualSize(420, 560);
 constexpr QSize LeastSize(160, 160);
 
@@ -37,8 +33,7 @@ std::vector<Rectangle> screenAreas() {
 } // namespace
 
 ThumbsWindow::ThumbsWindow(QWidget* parent)
-    : QWidget(parent, Qt::Tool), toolbar_(new QToolBar(this)), view_(new ThumbsView(this)),
-      toolbarMenu_(new QMenu(this)), viewMenu_(new QMenu(this)) {
+    : QWidget(parent, Qt::Tool), toolbar_(new CommandToolBar(this)), view_(new ThumbsView(this)) {
     setAttribute(Qt::WA_QuitOnClose, false);
     setMinimumSize(LeastSize);
     auto* const layout = new QVBoxLayout(this);
@@ -46,64 +41,24 @@ ThumbsWindow::ThumbsWindow(QWidget* parent)
     layout->setSpacing(0);
     layout->addWidget(toolbar_);
     layout->addWidget(view_, 1);
-    toolbar_->setMovable(false);
     toolbar_->setAccessibleName(tr("Thumbnail commands"));
-    toolbar_->setContextMenuPolicy(Qt::CustomContextMenu);
     setFocusProxy(view_);
-    makeActions();
-    connect(toolbar_, &QWidget::customContextMenuRequested, this,
-            [this](QPoint place) { showMenu(*toolbarMenu_, toolbar_->mapToGlobal(place)); });
-    connect(view_, &ThumbsView::menuRequested, this, [this](QPoint place) { showMenu(*viewMenu_, place); });
-}
-
-QAction* ThumbsWindow::makeAction(const QString& key, const QString& text, const QKeySequence& keys,
-                                  Deed deed) {
-    auto* const action = new QAction(commandIcon(key), text, this);
-    action->setObjectName(key);
-    action->setShortcut(keys);
-    action->setShortcutContext(Qt::WindowShortcut);
-    connect(action, &QAction::triggered, this, [this, deed] {
-        if (const auto thumbs = thumbs_.lock())
-            deed(*thumbs);
+    connect(toolbar_, &CommandToolBar::commandGiven, this, [this](const QString& key) { run(key); });
+    toolbar_->setMenu([this] { return menu(&dlgThumbs::toolbarMenu); },
+                      [this](const std::string& key) { run(toQt(key)); });
+    connect(view_, &ThumbsView::menuRequested, this, [this](QPoint place) {
+        popUp(menu(&dlgThumbs::viewMenu), place, this, [this](const std::string& key) { run(toQt(key)); });
     });
-    addAction(action);
-    return action;
 }
 
-QAction* ThumbsWindow::makeCheck(const QString& text, bool dlgThumbs::*flag) {
-    auto* const action = new QAction(text, this);
-    action->setCheckable(true);
-    connect(action, &QAction::triggered, this, [this, flag](bool checked) {
-        if (const auto thumbs = thumbs_.lock())
-            (*thumbs).*flag = checked;
-        mirror();
-    });
-    return action;
+void ThumbsWindow::run(const QString& key) {
+    if (const auto thumbs = thumbs_.lock())
+        thumbs->run(key.toStdString());
 }
 
-void ThumbsWindow::makeActions() {
-    larger_ = makeAction(QStringLiteral("LARGER"), tr("&Larger"), QKeySequence::ZoomIn,
-                         [](dlgThumbs& thumbs) { thumbs.larger(); });
-    smaller_ = makeAction(QStringLiteral("SMALLER"), tr("&Smaller"), QKeySequence::ZoomOut,
-                          [](dlgThumbs& thumbs) { thumbs.smaller(); });
-    selectAll_ = makeAction(QStringLiteral("SELECTALL"), tr("Select &All"), QKeySequence::SelectAll,
-                            [](dlgThumbs& thumbs) { thumbs.selectAll(); });
-    printSelection_ = makeAction(QStringLiteral("PRINT"), tr("&Print Selection\u2026"), QKeySequence::Print,
-                                 [](dlgThumbs& thumbs) { thumbs.printSelection(); });
-    for (QAction* const action : {larger_, smaller_, printSelection_, selectAll_}) {
-        action->setIconText(action->iconText().remove(QChar(0x2026)));
-        toolbar_->addAction(action);
-    }
-    toolbar_->insertSeparator(printSelection_);
-    captions_ = makeCheck(tr("Button &Captions"), &dlgThumbs::mnuPopup1ButtonCaptions);
-    largeButtons_ = makeCheck(tr("&Large Buttons"), &dlgThumbs::mnuPopup1LargeButtons);
-    toolbarShown_ = makeCheck(tr("&Toolbar"), &dlgThumbs::mnuPopToolbar);
-    toolbarMenu_->addActions({captions_, largeButtons_});
-    viewMenu_->addActions({larger_, smaller_});
-    viewMenu_->addSeparator();
-    viewMenu_->addActions({selectAll_, printSelection_});
-    viewMenu_->addSeparator();
-    viewMenu_->addAction(toolbarShown_);
+std::vector<MenuItem> ThumbsWindow::menu(std::vector<MenuItem> (dlgThumbs::*which)() const) const {
+    const auto thumbs = thumbs_.lock();
+    return thumbs ? (*thumbs.*which)() : std::vector<MenuItem>();
 }
 
 void ThumbsWindow::open(const std::shared_ptr<dlgThumbs>& thumbs) {
@@ -176,23 +131,9 @@ void ThumbsWindow::mirror() {
     if (!thumbs)
         return;
     setWindowTitle(toQt(thumbs->Caption()));
-    const int icon = thumbs->mnuPopup1LargeButtons ? LargeIcon : SmallIcon;
-    toolbar_->setIconSize({icon, icon});
-    toolbar_->setToolButtonStyle(thumbs->mnuPopup1ButtonCaptions ? Qt::ToolButtonTextUnderIcon
-                                                                 : Qt::ToolButtonIconOnly);
+    toolbar_->mirror(thumbs->toolbar());
     toolbar_->setVisible(thumbs->mnuPopToolbar);
-    captions_->setChecked(thumbs->mnuPopup1ButtonCaptions);
-    largeButtons_->setChecked(thumbs->mnuPopup1LargeButtons);
-    toolbarShown_->setChecked(thumbs->mnuPopToolbar);
-    larger_->setEnabled(thumbs->itemSizeFactor() < dlgThumbs::LargestFactor);
-    smaller_->setEnabled(thumbs->itemSizeFactor() > dlgThumbs::SmallestFactor);
-    selectAll_->setEnabled(thumbs->grid().itemCount() > 0);
-    printSelection_->setEnabled(thumbs->canPrintSelection());
     view_->mirror();
-}
-
-void ThumbsWindow::showMenu(QMenu& menu, QPoint place) {
-    menu.popup(place);
 }
 
 } // namespace pixmo::qt

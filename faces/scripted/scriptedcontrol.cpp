@@ -1,12 +1,16 @@
 #include "faces/scripted/scriptedcontrol.h"
 
+#include "core/diag/applicationlog.h"
 #include "core/imaging/clsrc4.h"
 
 #include <algorithm>
 
 namespace pixmo::scripted {
 
-ScriptedControl::ScriptedControl() : view(ImageView::create(ports())) {
+ScriptedControl::ScriptedControl() {
+    // The log is the process's: every test finds it as the first one does.
+    ApplicationLog::instance().StartLogging({}, log_mode::Off);
+    view = ImageView::create(ports());
     view->UserControl_InitProperties();
     view->setProperty("EngineAddress", std::string("http://engine.test/page"));
 }

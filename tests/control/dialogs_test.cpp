@@ -60,7 +60,7 @@ TEST(LogDialog, ShowsTheTailInWholeLines) {
     dlgLog dialog(path);
     dialog.refresh();
     EXPECT_EQ(dialog.text(), "There is no log file yet.");
-    std::ofstream(path) << std::string(dlgLog::TailBytes, 'x') << "\nlast\n";
+    std::ofstream(path, std::ios::binary) << std::string(dlgLog::TailBytes, 'x') << "\nlast\n";
     dialog.refresh();
     EXPECT_EQ(dialog.text(), "last\n");
 }

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 class Log : public testing::Test {
 protected:
-    Log() : path(scratch.path() / "pixmo.log") {}
+    Log() : path(scratch.path() / u8"\u017Burnal \u00E9.log") {}
     ~Log() override { ApplicationLog::instance().StartLogging("", log_mode::Off); }
 
     std::vector<std::string> lines() const {

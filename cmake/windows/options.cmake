@@ -1,0 +1,10 @@
+# For every target of a Windows build: nothing but the system's own libraries beside it, Windows 7 and later,
+# the same bytes from the same sources.
+add_compile_definitions(UNICODE _UNICODE NOMINMAX STRICT WIN32_LEAN_AND_MEAN WINVER=0x0601 _WIN32_WINNT=0x0601)
+add_compile_options(-fno-omit-frame-pointer "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
+add_link_options(-static -Wl,--no-insert-timestamp)
+# Position independent code is what Windows has anyway.
+set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
+if(NOT PIXMO_TRAPS)
+    add_link_options(-s)
+endif()

@@ -1,0 +1,29 @@
+#include "faces/com/control/safetypart.h"
+
+namespace pixmo::com {
+
+STDMETHODIMP SafetyPart::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) {
+    if (!supported || !enabled)
+        return E_POINTER;
+    *supported = 0;
+    *enabled = 0;
+    ComPtr<IUnknown> asked;
+    if (FAILED(context_.known().QueryInterface(iid, asked.receiveAny())))
+        return E_NOINTERFACE;
+    *supported = Safety::Supported;
+    *enabled = context_.mayWriteFiles() ? 0 : Safety::Supported;
+    return S_OK;
+}
+
+STDMETHODIMP SafetyPart::SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD options) {
+    ComPtr<IUnknown> asked;
+    if (FAILED(context_.known().QueryInterface(iid, asked.receiveAny())))
+        return E_NOINTERFACE;
+    // What the control does not know it cannot promise.
+    if ((mask & options & ~Safety::Supported) != 0)
+        return E_FAIL;
+    context_.safety().tell(mask & Safety::Supported, options);
+    return S_OK;
+}
+
+} // namespace pixmo::com

@@ -1,0 +1,30 @@
+#include "faces/com/face/faceports.h"
+
+#include "faces/com/ports/asyncreader.h"
+#include "faces/com/ports/clipboard.h"
+#include "faces/com/ports/codepage.h"
+#include "faces/com/ports/eventloop.h"
+#include "faces/com/ports/identity.h"
+#include "faces/com/ports/messagebox.h"
+#include "faces/com/ports/scratchfolder.h"
+#include "faces/com/ports/settingsstore.h"
+#include "faces/com/ports/timers.h"
+
+namespace pixmo::com {
+
+ControlPorts systemPorts(const SharedFaceLink& link) {
+    useSystemCodePage();
+    ControlPorts ports;
+    ports.messageBox = std::make_shared<MessageBox>(link);
+    ports.eventLoop = std::make_shared<EventLoop>();
+    ports.timers = std::make_shared<Timers>();
+    ports.reader = std::make_shared<AsyncReader>();
+    ports.settings = std::make_shared<SettingsStore>();
+    ports.identity = std::make_shared<Identity>();
+    ports.clock = std::make_shared<SystemClock>();
+    ports.scratch = std::make_shared<ScratchFolder>();
+    ports.clipboard = std::make_shared<Clipboard>();
+    return ports;
+}
+
+} // namespace pixmo::com

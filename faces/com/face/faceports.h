@@ -1,0 +1,11 @@
+#pragma once
+
+#include "core/control/controlports.h"
+#include "faces/com/face/facelink.h"
+
+namespace pixmo::com {
+
+/// The control's questions that the system answers without the control's windows.
+ControlPorts systemPorts(const SharedFaceLink& link);
+
+} // namespace pixmo::com

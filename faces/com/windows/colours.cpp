@@ -1,0 +1,18 @@
+#include "faces/com/windows/colours.h"
+
+namespace pixmo::com {
+
+COLORREF toColorRef(Colour colour) {
+    constexpr uint32_t SystemColour = 0x80000000;
+    if ((colour.value & SystemColour) != 0)
+        return GetSysColor(static_cast<int>(colour.value & 0xFFU));
+    return colour.value & 0xFFFFFFU;
+}
+
+Palette systemPalette() {
+    const auto rgb = [](int index) { return rgbOf(GetSysColor(index)); };
+    return {rgb(COLOR_WINDOW), rgb(COLOR_WINDOWTEXT), rgb(COLOR_GRAYTEXT), rgb(COLOR_HIGHLIGHT),
+            rgb(COLOR_HIGHLIGHTTEXT)};
+}
+
+} // namespace pixmo::com

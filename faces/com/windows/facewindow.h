@@ -1,0 +1,60 @@
+#pragma once
+
+#include "core/control/imageview.h"
+#include "faces/com/face/facelink.h"
+#include "faces/com/windows/commandtoolbar.h"
+#include "faces/com/windows/debugpane.h"
+#include "faces/com/windows/gdi.h"
+#include "faces/com/windows/pagewindow.h"
+#include "faces/com/windows/statusrow.h"
+#include "faces/com/windows/window.h"
+
+#include <memory>
+
+namespace pixmo::com {
+
+/// The control's outer window: toolbar, page, debug pane and status row, laid out by the core, and what they
+/// show of the control.
+class FaceWindow : public Window {
+public:
+    static std::shared_ptr<FaceWindow> create(HWND parent, const RECT& place, const SharedFaceLink& link,
+                                              const std::shared_ptr<ImageView>& control);
+
+    const std::shared_ptr<PageWindow>& page() const { return page_; }
+    /// The control has changed beside its page.
+    void mirror();
+    /// Colours, font, border or resolution may have changed.
+    void applyLook();
+    void takeFocus();
+    /// Whether it was a key that these windows use themselves.
+    bool translateKey(MSG& message);
+
+protected:
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    bool makeChildren();
+    void connect();
+    void layOutChildren(bool resized);
+    void applyProperty(const std::string& name);
+    void showToolbarMenu(LPARAM lParam);
+    void paintBack(HDC dc) const;
+    std::optional<LRESULT> colourOf(HDC dc, HWND child) const;
+    void activated();
+    int border() const;
+    Colour colourProperty(std::string_view name) const;
+
+    SharedFaceLink link_;
+    std::shared_ptr<ImageView> control_;
+    std::unique_ptr<CommandToolbar> toolbar_;
+    std::shared_ptr<PageWindow> page_;
+    std::unique_ptr<DebugPane> debug_;
+    std::unique_ptr<StatusRow> status_;
+    FontHandle font_;
+    BrushHandle back_;
+    RECT viewPlace_{};
+    int dpi_ = 0;
+    bool takingFocus_ = false;
+};
+
+} // namespace pixmo::com

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+#include <type_traits>
+#include <windows.h>
+
+namespace pixmo::com {
+
+struct IconDeleter {
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
+
+/// The program's icon, so many device pixels wide and high.
+IconHandle makeProgramIcon(int size);
+
+} // namespace pixmo::com

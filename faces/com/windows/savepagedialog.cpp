@@ -1,0 +1,42 @@
+#include "faces/com/windows/savepagedialog.h"
+
+#include "faces/com/base/widetext.h"
+
+#include <array>
+#include <commdlg.h>
+
+namespace pixmo::com {
+
+namespace {
+
+constexpr size_t MostCharacters = 1024;
+/// By format, in its order.
+constexpr wchar_t Filters[] = L"TIFF picture (*.tif, *.tiff)\0*.tif;*.tiff\0PNG picture (*.png)\0*.png\0";
+
+} // namespace
+
+std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, HWND owner) {
+    std::array<wchar_t, MostCharacters> file{};
+    lstrcpynW(file.data(), toWide(dialog.suggestedFile()).c_str(), MostCharacters);
+    const std::wstring folder = toWide(dialog.folder());
+    const std::wstring ending = toWide(dialog.ending());
+    OPENFILENAMEW ask{};
+    ask.lStructSize = sizeof ask;
+    ask.hwndOwner = owner;
+    ask.lpstrFilter = Filters;
+    ask.nFilterIndex = static_cast<DWORD>(dialog.format()) + 1;
+    ask.lpstrFile = file.data();
+    ask.nMaxFile = MostCharacters;
+    ask.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    ask.lpstrTitle = L"Save Page As";
+    ask.lpstrDefExt = ending.c_str();
+    ask.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    if (!GetSaveFileNameW(&ask))
+        return std::nullopt;
+    dialog.setFormat(static_cast<dlgSavePage::Format>(ask.nFilterIndex - 1));
+    const std::filesystem::path chosen = dialog.withEnding(file.data());
+    dialog.cmdOK_Click(chosen);
+    return chosen;
+}
+
+} // namespace pixmo::com

@@ -1,0 +1,134 @@
+#include "faces/com/windows/statusrow.h"
+
+#include "faces/com/base/widetext.h"
+#include "faces/com/windows/dpi.h"
+#include "faces/com/windows/fonts.h"
+#include "faces/com/windows/window.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pixmo::com {
+
+namespace {
+
+constexpr int TextMargin = 6; ///< device-independent pixels, as all here
+constexpr int RowMargin = 3;
+constexpr int ProgressWidth = 120;
+constexpr int ProgressHeight = 10;
+constexpr WPARAM TipWidth = 400;
+
+std::wstring oneLine(const std::string& utf8) {
+    std::wstring text = toWide(utf8);
+    std::erase(text, L'\r');
+    std::replace(text.begin(), text.end(), L'\n', L' ');
+    return text;
+}
+
+void showText(HWND window, std::wstring& shown, std::wstring text) {
+    if (shown == text)
+        return;
+    shown = std::move(text);
+    SetWindowTextW(window, shown.c_str());
+}
+
+void move(HWND window, const Box& box, POINT origin, int margin) {
+    SetWindowPos(window, nullptr, origin.x + box.left + margin, origin.y + box.top,
+                 std::max(0, box.width - 2 * margin), box.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+TTTOOLINFOW toolOf(HWND window, std::wstring& text) {
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V1_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = GetParent(window);
+    tool.uId = reinterpret_cast<UINT_PTR>(window);
+    tool.lpszText = text.data();
+    return tool;
+}
+
+} // namespace
+
+StatusRow::StatusRow(HWND parent)
+    : readOut_(makeText(parent, SS_LEFT)), status_(makeText(parent, SS_LEFT | SS_NOTIFY)),
+      zoom_(makeText(parent, SS_RIGHT)) {
+    const CommonControls::Scope scope(*controls_);
+    progress_ = CreateWindowExW(0, PROGRESS_CLASSW, L"Progress of the transfer", WS_CHILD | PBS_SMOOTH, 0, 0,
+                                0, 0, parent, nullptr, thisModule(), nullptr);
+    tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
+                           thisModule(), nullptr);
+    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, TipWidth);
+    std::wstring none;
+    TTTOOLINFOW tool = toolOf(status_, none);
+    SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+HWND StatusRow::makeText(HWND parent, DWORD style) const {
+    const CommonControls::Scope scope(*controls_);
+    return CreateWindowExW(0, L"STATIC", L"",
+                           WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS | style, 0,
+                           0, 0, 0, parent, nullptr, thisModule(), nullptr);
+}
+
+void StatusRow::mirror(const ImageView& control) {
+    showText(readOut_, readOutText_, toWide(control.txtPage()));
+    std::wstring text = oneLine(control.statusText());
+    if (text != statusText_) {
+        showText(status_, statusText_, std::move(text));
+        showTip();
+    }
+    mirrorZoom(control);
+    progressPercent_ = control.progressPercent();
+    SendMessageW(progress_, PBM_SETPOS, static_cast<WPARAM>(std::max(progressPercent_, 0)), 0);
+}
+
+bool StatusRow::mirrorZoom(const ImageView& control) {
+    const size_t before = zoomText_.size();
+    showText(zoom_, zoomText_, toWide(control.zoomText()));
+    return zoomText_.size() != before;
+}
+
+void StatusRow::setFont(HFONT font, int dpi) {
+    font_ = font;
+    dpi_ = dpi;
+    for (const HWND window : {readOut_, status_, zoom_})
+        SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+void StatusRow::measure(LayoutMeasures& measures) const {
+    const int margins = 2 * scaled(TextMargin, dpi_);
+    const SIZE readOut = textSize(font_, readOutText_);
+    measures.readOutWidth = readOut.cx + margins;
+    measures.statusHeight = readOut.cy + 2 * scaled(RowMargin, dpi_);
+    measures.gap = scaled(measures.gap, dpi_);
+    if (progressPercent_ >= 0)
+        measures.progressWidth = scaled(ProgressWidth, dpi_);
+    if (!zoomText_.empty())
+        measures.zoomWidth = textSize(font_, zoomText_).cx + margins;
+}
+
+void StatusRow::place(const ControlLayout& layout, POINT origin) {
+    const int margin = scaled(TextMargin, dpi_);
+    move(readOut_, layout.readOut, origin, margin);
+    move(status_, layout.status, origin, 0);
+    move(zoom_, layout.zoom, origin, margin);
+    Box bar = layout.progress;
+    bar.height = std::min(scaled(ProgressHeight, dpi_), layout.progress.height);
+    bar.top += (layout.progress.height - bar.height) / 2;
+    move(progress_, bar, origin, margin);
+    const bool progress = progressPercent_ >= 0 && bar.width > 2 * margin;
+    ShowWindow(progress_, progress ? SW_SHOWNA : SW_HIDE);
+    showTip();
+}
+
+/// The whole text where it does not fit.
+void StatusRow::showTip() {
+    RECT room{};
+    GetClientRect(status_, &room);
+    const bool fits = textSize(font_, statusText_).cx <= room.right;
+    std::wstring text = fits ? std::wstring() : statusText_;
+    TTTOOLINFOW tool = toolOf(status_, text);
+    SendMessageW(tip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+} // namespace pixmo::com
