@@ -92,6 +92,10 @@ Download::Download(const AsyncRequest& request, const TransferLimits& limits)
     file_.open(request_.File, std::ios::binary | std::ios::trunc);
     if (!file_)
         throw pathFileAccessError();
+    // Whatever folder it lies in.
+    using std::filesystem::perms;
+    std::error_code ignored;
+    std::filesystem::permissions(request_.File, perms::owner_read | perms::owner_write, ignored);
 }
 
 Download::~Download() {
@@ -155,7 +159,7 @@ std::string Download::problemText(NetworkProblem problem, std::string_view text)
     if (status_ != 0 && !goodStatus)
         return "The server answered " + std::string(trimBlanks(std::to_string(status_) + " " + phrase_)) +
                ".";
-    return std::string(text);
+    return problem == NetworkProblem::None ? std::string() : std::string(text);
 }
 
 void Download::ended(NetworkProblem problem, std::string_view text) {

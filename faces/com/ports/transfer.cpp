@@ -201,7 +201,16 @@ STDMETHODIMP Transfer::OnProgress(ULONG, ULONG, ULONG code, LPCWSTR text) {
     return S_OK;
 }
 
-// Where HTTP itself has said what is wrong, the moniker's own error says less.
+/// Where HTTP itself has said what is wrong, the moniker's own error says less; and it calls it a success
+/// when the server has said nothing, or nothing of HTTP.
+NetworkProblem Transfer::problemOf(HRESULT result, DWORD detail) const {
+    if (status_ >= FirstBadStatus)
+        return NetworkProblem::None;
+    if (SUCCEEDED(result) && status_ == 0)
+        return download_.bytesRead() == 0 ? NetworkProblem::Closed : NetworkProblem::Malformed;
+    return networkProblem(result, detail);
+}
+
 STDMETHODIMP Transfer::OnStopBinding(HRESULT result, LPCWSTR) {
     DWORD detail = 0;
     if (const ComPtr<IBinding> binding = std::exchange(binding_, nullptr)) {
@@ -212,8 +221,7 @@ STDMETHODIMP Transfer::OnStopBinding(HRESULT result, LPCWSTR) {
     }
     if (over_)
         return S_OK;
-    const bool answered = status_ >= FirstBadStatus;
-    download_.ended(answered ? NetworkProblem::None : networkProblem(result, detail), "The transfer failed.");
+    download_.ended(problemOf(result, detail), "The transfer failed.");
     conclude();
     return S_OK;
 }

@@ -55,6 +55,7 @@ private:
     void conclude();
     void onConcluded();
     void stopBinding();
+    NetworkProblem problemOf(HRESULT result, DWORD detail) const;
 
     LONG references_ = 1;
     Download download_;
