@@ -74,6 +74,21 @@ TEST(Properties, ComeBackAsTheyWereSaved) {
     EXPECT_TRUE(other.messageBox->questions.empty());
 }
 
+TEST(Properties, NoLogWhereTheHostAllowsNoFiles) {
+    ScriptedControl control;
+    control.container->filesAllowed = false;
+    const auto path = control.scratch->path() / "x.log";
+    try {
+        control.view->setProperty("LogFileName", path.string());
+        ADD_FAILURE() << "a log was begun";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number, error_number::PathFileAccess);
+    }
+    control.open(1001, 1, 2);
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_NO_THROW(control.view->setProperty("LogFileName", std::string()));
+}
+
 TEST(Properties, AnnounceTheirChanges) {
     ScriptedControl control;
     auto& changed = control.container->changed;
