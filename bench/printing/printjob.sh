@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # printjob.sh PROGRAMS [PAGES] : prints a document of PAGES (500) deed pages from the sample engine to a PDF
-# file and tells seconds a page, peak memory and the size of the file against the page files.
+# file and tells seconds and processor time a page, peak memory and the size of the file against the page
+# files.
 # PROGRAMS is the folder of pixmo and engine.
 set -euo pipefail
 programs=$(cd "$1" && pwd)
@@ -33,9 +34,12 @@ TMPDIR=$scratch/temp "$programs/pixmo" --engine "$address" --doc 1 --print-to "$
     --caption "Bench" --timeout 3600 2>"$scratch/errors" &
 viewer=$!
 peak=0
+ticks=0
 while kill -0 "$viewer" 2>/dev/null; do
     now=$(awk '/VmHWM/ { print $2 }' "/proc/$viewer/status" 2>/dev/null || true)
     peak=${now:-$peak}
+    now=$(awk '{ print $14 + $15 }' "/proc/$viewer/stat" 2>/dev/null || true)
+    ticks=${now:-$ticks}
     sleep 0.05
 done
 wait "$viewer" || { cat "$scratch/errors" >&2; exit 1; }
@@ -43,6 +47,9 @@ end=$(date +%s%N)
 
 sent=$(cat "$scratch"/documents/1/* | wc -c)
 file=$(stat -c %s "$scratch/job.pdf")
-awk -v ns=$((end - start)) -v pages="$pages" -v peak="$peak" -v sent="$sent" -v file="$file" 'BEGIN {
-    printf "%d pages: %.1f s, %.3f s a page, peak %.1f MiB, pages %.2f MB, PDF %.2f MB, ratio %.3f\n",
-           pages, ns / 1e9, ns / 1e9 / pages, peak / 1024, sent / 1e6, file / 1e6, file / sent }'
+awk -v ns=$((end - start)) -v pages="$pages" -v peak="$peak" -v sent="$sent" -v file="$file" \
+    -v cpu="$ticks" -v hertz="$(getconf CLK_TCK)" 'BEGIN {
+    printf "%d pages: %.1f s, %.3f s a page, processor %.4f s a page, ", pages, ns / 1e9, ns / 1e9 / pages,
+           cpu / hertz / pages
+    printf "peak %.1f MiB, pages %.2f MB, PDF %.2f MB, ratio %.3f\n", peak / 1024, sent / 1e6, file / 1e6,
+           file / sent }'

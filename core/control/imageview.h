@@ -105,7 +105,7 @@ public:
     bool isPageAwaited() const;
     /// "85 %"; "" while no page is displayed.
     std::string zoomText() const;
-    /// "Page 3 of 12, 85 %"
+    /// For screen readers: "Page 3 of 12, 85 %", or what stands in place of the page.
     std::string viewDescription() const;
     /// Nothing is pending: no transfer, no delayed fetch, no delayed repaint.
     bool isIdle() const;

@@ -72,8 +72,9 @@ std::string ImageView::zoomText() const {
 }
 
 std::string ImageView::viewDescription() const {
+    const std::string notice = viewNotice();
     const std::string zoom = zoomText();
-    return zoom.empty() ? txtPage() : txtPage() + ", " + zoom;
+    return !notice.empty() ? notice : zoom.empty() ? txtPage() : txtPage() + ", " + zoom;
 }
 
 std::string ImageView::txtPage() const {

@@ -22,8 +22,8 @@ struct LayoutMeasures {
     int32_t statusHeight = 0;  ///< of one line of text with its margins; 0 hides the status line
     int32_t progressWidth = 0; ///< 0 hides the progress bar
     int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
-    int32_t gap = 6;           ///< between the fields of the status line
     bool debugShown = false;
+    int32_t gap = 6; ///< between the fields of the status line
 };
 
 /// Where the children of the control go.

@@ -103,8 +103,6 @@ public:
     Toolbar toolbar() const;
     std::vector<MenuItem> toolbarMenu() const;
     std::vector<MenuItem> viewMenu() const;
-    /// The key that gives a command, as a menu names it; "" for none.
-    static std::string shortcutOf(std::string_view key);
     /// A command of toolbar or menu; ignored while it is disabled.
     void run(std::string_view key);
 

@@ -112,11 +112,6 @@ std::vector<MenuItem> dlgThumbs::viewMenu() const {
     return menuOf(*this, ViewMenuKeys);
 }
 
-std::string dlgThumbs::shortcutOf(std::string_view key) {
-    const ThumbCommandTable::Row* const row = ThumbCommandTable::find(key);
-    return row ? row->shortcut : "";
-}
-
 void dlgThumbs::run(std::string_view key) {
     const ThumbCommandTable::Row* const row = ThumbCommandTable::find(key);
     if (!row || !row->enabled(*this))

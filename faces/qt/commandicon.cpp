@@ -3,6 +3,7 @@
 #include "icons/commandicon.h"
 
 #include <QGuiApplication>
+#include <QHash>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
@@ -14,7 +15,7 @@ namespace pixmo::qt {
 
 namespace {
 
-/// Any size is drawn anew, in the palette's colour of that moment.
+/// Drawn in any size, in the palette's colour of the moment.
 class CoverageEngine : public QIconEngine {
 public:
     explicit CoverageEngine(std::string key) : key_(std::move(key)) {}
@@ -34,12 +35,24 @@ public:
     }
 
 private:
-    QImage picture(int side, QIcon::Mode mode) const {
+    /// A toolbar asks for the same few at every paint.
+    QImage picture(int side, QIcon::Mode mode) {
+        constexpr qsizetype most = 8;
+        const QColor colour = colourOf(mode);
+        const std::pair wanted(side, colour.rgba());
+        if (const auto kept = kept_.constFind(wanted); kept != kept_.constEnd())
+            return *kept;
+        if (kept_.size() >= most)
+            kept_.clear();
+        return *kept_.insert(wanted, drawn(side, colour));
+    }
+
+    QImage drawn(int side, const QColor& colour) const {
         const auto coverage = pixmo::commandIcon(key_, side);
         if (coverage.empty())
             return {};
         QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-        image.fill(colourOf(mode));
+        image.fill(colour);
         const QImage alpha(coverage.data(), side, side, side, QImage::Format_Alpha8);
         QPainter painter(&image);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
@@ -56,6 +69,7 @@ private:
     }
 
     std::string key_;
+    QHash<std::pair<int, QRgb>, QImage> kept_;
 };
 
 } // namespace

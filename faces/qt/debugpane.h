@@ -6,14 +6,24 @@
 
 namespace pixmo::qt {
 
-/// The control's trace, while debugging is on.
+/// The control's trace, while debugging is on. Its keys are those of the page.
 class DebugPane : public QPlainTextEdit {
     Q_OBJECT
 
 public:
-    explicit DebugPane(QWidget* parent);
+    /// The page outlives the pane.
+    DebugPane(QWidget* parent, QWidget* page);
 
     void mirror(const pixmo::ImageView& control);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void handToPage(QKeyEvent* event);
+
+    QWidget* page_;
 };
 
 } // namespace pixmo::qt

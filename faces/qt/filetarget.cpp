@@ -1,5 +1,8 @@
 #include "faces/qt/filetarget.h"
 
+#include "faces/qt/papers.h"
+
+#include <QFileInfo>
 #include <QLocale>
 #include <utility>
 
@@ -24,22 +27,28 @@ FileTarget::FileTarget(AskPath askPath)
               QPageLayout::Millimeter) {}
 
 bool FileTarget::setPaperSize(int32_t code) {
-    const QPageSize::PageSizeId id = QPageSize::id(code);
-    if (id == QPageSize::Custom)
-        return false;
-    layout_.setPageSize(QPageSize(id));
-    return true;
+    const auto paper = paperOf(code);
+    if (paper)
+        layout_.setPageSize(*paper);
+    return paper.has_value();
 }
 
 QFileDevice* FileTarget::begin(const QString& documentName) {
     const auto path = askPath_(documentName);
     if (!path)
         return nullptr;
+    // A device would be replaced by the file.
+    const QFileInfo there(*path);
+    isFile_ = !there.exists() || there.isFile();
+    if (!isFile_)
+        return nullptr;
     file_.setFileName(*path);
     return file_.open(QIODevice::WriteOnly) ? &file_ : nullptr;
 }
 
 std::string FileTarget::problem() const {
+    if (!isFile_)
+        return "Not a file";
     return file_.error() == QFileDevice::NoError ? std::string() : file_.errorString().toStdString();
 }
 

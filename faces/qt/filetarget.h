@@ -27,6 +27,7 @@ public:
 private:
     AskPath askPath_;
     QPageLayout layout_;
+    bool isFile_ = true; ///< what has the name already, if anything
     QSaveFile file_;
 };
 

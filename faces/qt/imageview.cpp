@@ -16,6 +16,7 @@ constexpr int LeastViewHeight = 80;
 } // namespace
 
 ImageView::ImageView(QWidget* parent) : QWidget(parent), d_(std::make_unique<ImageViewPrivate>(*this)) {
+    setAccessibleName(tr("Document viewer"));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 

@@ -27,7 +27,7 @@ namespace pixmo::qt {
 
 ImageViewPrivate::ImageViewPrivate(ImageView& widget)
     : widget_(widget), link_(std::make_shared<WidgetLink>()), toolbar_(new CommandToolBar(&widget)),
-      page_(new PageView(&widget)), debug_(new DebugPane(&widget)), status_(widget),
+      page_(new PageView(&widget)), debug_(new DebugPane(&widget, page_)), status_(widget),
       actions_(widget,
                [this](const std::string& key) {
                    give([&key](pixmo::ImageView& control) { control.runCommand(key); });
@@ -242,9 +242,10 @@ void ImageViewPrivate::applyAppearance(std::string_view name) {
         applyFont();
     else if (name == "Enabled")
         widget_.setEnabled(get<bool>("Enabled"));
-    else if (name == "BorderStyle")
+    else if (name == "BorderStyle") {
         relayout(false);
-    widget_.update();
+        widget_.update();
+    }
 }
 
 /// The colours of the surroundings stay until the host names others.

@@ -71,8 +71,7 @@ void PageView::refreshNotice() {
     const auto control = control_.lock();
     if (!control)
         return;
-    const QString notice = linesToQt(control->viewNotice());
-    setAccessibleDescription(notice.isEmpty() ? toQt(control->viewDescription()) : notice);
+    setAccessibleDescription(linesToQt(control->viewDescription()));
     viewport()->update();
 }
 
@@ -91,6 +90,7 @@ void PageView::showBars() {
     control->lvrImage().resize();
     mirrorBars();
     mirroring_ = false;
+    setAccessibleDescription(linesToQt(control->viewDescription()));
 }
 
 void PageView::mirrorBars() {

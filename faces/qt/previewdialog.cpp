@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace pixmo::qt {
@@ -14,7 +15,9 @@ namespace pixmo::qt {
 namespace {
 
 constexpr QSize FirstSize(640, 820);
+constexpr double ShareOfScreen = 0.9;
 constexpr QSize SmallestPicture(120, 160);
+constexpr int SheetMargin = 8;
 constexpr int ResizeMilliseconds = 50;
 constexpr int PatienceMilliseconds = 200;
 
@@ -54,7 +57,7 @@ PreviewDialog::PreviewDialog(PrintPreview& preview, QWidget* parent)
     connect(&drawSoon_, &QTimer::timeout, this, &PreviewDialog::showSheet);
     sayLoading_.setSingleShot(true);
     connect(&sayLoading_, &QTimer::timeout, this, [this] { picture_->setText(translated("Loading\u2026")); });
-    resize(FirstSize);
+    resize(FirstSize.boundedTo(screen()->availableSize() * ShareOfScreen));
     turnTo(0);
 }
 
@@ -84,7 +87,8 @@ void PreviewDialog::turnTo(int32_t sheet) {
 
 /// In device pixels: as high as fits.
 int PreviewDialog::sheetHeight() const {
-    const QSize room = picture_->size().expandedTo(SmallestPicture) * devicePixelRatioF();
+    const QSize frame(2 * SheetMargin, 2 * SheetMargin);
+    const QSize room = (picture_->size().expandedTo(SmallestPicture) - frame) * devicePixelRatioF();
     const pixmo::PrinterDevice* const printer = preview_.printer();
     const double width = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalWidth) : 1;
     const double height = printer ? printer->GetDeviceCaps(DeviceCap::PhysicalHeight) : 1;

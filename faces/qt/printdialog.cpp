@@ -3,6 +3,7 @@
 #include "faces/qt/texts.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -11,6 +12,8 @@
 namespace pixmo::qt {
 
 namespace {
+
+constexpr int ShownNameLength = 48; ///< characters of usual width
 
 QString translated(const char* text) {
     return QCoreApplication::translate("PrintDialog", text);
@@ -21,6 +24,13 @@ QRadioButton* addOption(QButtonGroup& group, QLayout& layout, const char* text, 
     group.addButton(option, index);
     layout.addWidget(option);
     return option;
+}
+
+/// The chosen option is the one that Tab comes to.
+void choose(const QButtonGroup& group, int index) {
+    group.button(index)->setChecked(true);
+    for (QAbstractButton* const option : group.buttons())
+        option->setFocusPolicy(option->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 } // namespace
@@ -75,7 +85,8 @@ QGroupBox* PrintDialog::makeRange() {
     for (int row = 0; row < lstSelectedPages_->count(); ++row)
         lstSelectedPages_->item(row)->setSelected(state_.isPageSelected(static_cast<int16_t>(row + 1)));
     layout->addWidget(lblSelectedPages_);
-    layout->addWidget(lstSelectedPages_);
+    layout->addWidget(lstSelectedPages_, 1);
+    layout->addStretch();
     connect(&optPrintType_, &QButtonGroup::idClicked, this,
             [this](int index) { state_.optPrintType_Click(static_cast<int16_t>(index)); });
     connect(lstSelectedPages_, &QListWidget::itemSelectionChanged, this, [this] {
@@ -148,18 +159,28 @@ QLayout* PrintDialog::makeButtons() {
     return row;
 }
 
+/// A name may be longer than the window is to be wide.
+void PrintDialog::showPrinterName() {
+    const QString name = toQt(state_.lblPrinterName());
+    const QFontMetrics metrics(lblPrinterName_->font());
+    const int width = metrics.averageCharWidth() * ShownNameLength;
+    const QString shown = metrics.elidedText(name, Qt::ElideMiddle, width);
+    lblPrinterName_->setText(shown);
+    lblPrinterName_->setToolTip(shown == name ? QString() : name);
+}
+
 void PrintDialog::mirror() {
     if (!state_.isOpen()) {
         done(state_.Cancelled() ? Rejected : Accepted);
         return;
     }
     const QSignalBlocker quietCopies(txtPrntCopies_);
-    optPrintType_.button(state_.optPrintType())->setChecked(true);
-    optImageScale_.button(state_.optImageScale())->setChecked(true);
+    choose(optPrintType_, state_.optPrintType());
+    choose(optImageScale_, state_.optImageScale());
     lblSelectedPages_->setVisible(state_.isPageListVisible());
     lstSelectedPages_->setVisible(state_.isPageListVisible());
     txtPrntCopies_->setValue(state_.hscPrntCopies());
-    lblPrinterName_->setText(toQt(state_.lblPrinterName()));
+    showPrinterName();
     cmdOptions_->setText(translated(state_.cmdOptionsCaption()));
     more_->setVisible(state_.isMoreShown());
 }

@@ -33,6 +33,7 @@ private:
     QLayout* makeButtons();
     QWidget* makePageBoxes(QWidget* option);
     QPushButton* addButton(QLayout& row, const QString& text, const std::function<void()>& clicked);
+    void showPrinterName();
     void mirror();
 
     dlgPrint& state_;

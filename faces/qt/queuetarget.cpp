@@ -1,5 +1,7 @@
 #include "faces/qt/queuetarget.h"
 
+#include "faces/qt/papers.h"
+
 #include <QDir>
 #include <algorithm>
 #include <cups/cups.h>
@@ -47,11 +49,13 @@ void QueueTarget::useAllPaper() {
 }
 
 bool QueueTarget::setPaperSize(int32_t code) {
-    const QPageSize::PageSizeId id = QPageSize::id(code);
+    const auto wanted = paperOf(code);
+    if (!wanted)
+        return false;
     const auto sizes = QPrinterInfo(printer_).supportedPageSizes();
-    const auto found =
-        std::find_if(sizes.begin(), sizes.end(), [id](const QPageSize& size) { return size.id() == id; });
-    if (id == QPageSize::Custom || found == sizes.end() || !printer_.setPageSize(*found))
+    const auto found = std::find_if(sizes.begin(), sizes.end(),
+                                    [&](const QPageSize& size) { return isSamePaper(size, *wanted); });
+    if (found == sizes.end() || !printer_.setPageSize(*found))
         return false;
     useAllPaper();
     return true;

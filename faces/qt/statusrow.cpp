@@ -21,21 +21,20 @@ QRect rect(const Box& box, QPoint origin) {
     return QRect(box.left, box.top, box.width, box.height).translated(origin);
 }
 
-QLabel* plainLabel(QWidget& parent, const QString& name) {
+QLabel* plainLabel(QWidget& parent, const QString& objectName) {
     auto* const label = new QLabel(&parent);
+    label->setObjectName(objectName);
     label->setTextFormat(Qt::PlainText);
     label->setMargin(0);
-    label->setAccessibleName(name);
     return label;
 }
 
 } // namespace
 
 StatusRow::StatusRow(QWidget& parent)
-    : readOut_(plainLabel(parent, tr("Page number"))), status_(plainLabel(parent, tr("Status"))),
-      progress_(new QProgressBar(&parent)), zoom_(plainLabel(parent, tr("Zoom"))) {
-    readOut_->setObjectName(QStringLiteral("txtPage"));
-    status_->setObjectName(QStringLiteral("lblStatus"));
+    : readOut_(plainLabel(parent, QStringLiteral("txtPage"))),
+      status_(plainLabel(parent, QStringLiteral("lblStatus"))), progress_(new QProgressBar(&parent)),
+      zoom_(plainLabel(parent, QStringLiteral("lblZoom"))) {
     readOut_->setIndent(TextMargin);
     progress_->setTextVisible(false);
     progress_->setRange(0, 100);
@@ -60,6 +59,7 @@ bool StatusRow::mirrorZoom(const pixmo::ImageView& control) {
     if (zoom_->text() == zoom)
         return false;
     zoom_->setText(zoom);
+    zoom_->setAccessibleName(zoom.isEmpty() ? tr("Zoom") : tr("Zoom") + QLatin1Char(' ') + zoom);
     return true;
 }
 
@@ -90,7 +90,8 @@ void StatusRow::showStatus() {
     const QString shown = status_->fontMetrics().elidedText(statusText_, Qt::ElideRight, status_->width());
     status_->setText(shown);
     status_->setToolTip(shown == statusText_ ? QString() : statusText_);
-    status_->setAccessibleDescription(statusText_);
+    // All of a text that is cut on the screen.
+    status_->setAccessibleName(statusText_.isEmpty() ? tr("Status") : statusText_);
 }
 
 } // namespace pixmo::qt

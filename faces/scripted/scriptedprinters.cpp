@@ -105,6 +105,12 @@ std::unique_ptr<pixmo::PrinterDevice> Printers::open() {
     return std::make_unique<PrinterDevice>(script);
 }
 
+Raster PrintClient::printedPage(int16_t page) {
+    if (onPage)
+        onPage(page);
+    return given;
+}
+
 void PrintWindows::showModal(dlgPrint& dialog) {
     ++dialogsShown;
     if (onPrint)

@@ -2,6 +2,7 @@
 
 #include "core/platform/printers.h"
 #include "core/platform/printwindows.h"
+#include "core/printing/printclient.h"
 
 #include <functional>
 #include <map>
@@ -75,6 +76,21 @@ public:
     std::optional<std::string> chosen;
     /// A Letter printer of 300 by 300 with margins of a quarter inch.
     std::shared_ptr<PrinterScript> script = std::make_shared<PrinterScript>();
+};
+
+/// Gives every page the same picture and keeps what it is told.
+class PrintClient : public pixmo::PrintClient {
+public:
+    Raster printedPage(int16_t page) override;
+    void printStatus(const std::string& text, int32_t) override { statuses.push_back(text); }
+    void printProgress(const std::string& record) override { log.push_back(record); }
+    bool printGoesOn() override { return steps-- > 0; }
+
+    Raster given;
+    std::function<void(int16_t page)> onPage; ///< before a page is given
+    int steps = 1000;                         ///< then the job is cancelled
+    std::vector<std::string> statuses;
+    std::vector<std::string> log;
 };
 
 /// Acts as the user in the windows.

@@ -20,8 +20,8 @@ TEST_F(DialogTest, GoToPageTakesDigitsOnly) {
     face->type("1");
     face->type("2a-. x3");
     EXPECT_EQ(face->dialogText("txtPageNumber"), "123");
-    face->press(0x08);
-    face->press(0x08);
+    face->press(key::Backspace);
+    face->press(key::Backspace);
     face->press(key::Enter);
     EXPECT_TRUE(waitForPage(1));
     expectNoDialog();

@@ -12,6 +12,7 @@ namespace pixmo::behaviour {
 
 /// Virtual-key codes; letters and digits are their own codes.
 namespace key {
+inline constexpr int Backspace = 0x08;
 inline constexpr int Tab = 0x09;
 inline constexpr int Enter = 0x0D;
 inline constexpr int Escape = 0x1B;
@@ -55,15 +56,16 @@ struct ShownButton {
 /// An entry of an open menu as the user sees it.
 struct ShownEntry {
     std::string text; ///< "&" before the mnemonic; empty for a separator
+    std::string keys; ///< that do the same, as shown: "Ctrl+Shift+H"
     bool separator = false;
     bool enabled = false;
     bool checked = false;
 };
 
 struct ShownBox {
-    std::string text; ///< lines end in LF
-    std::string icon; ///< "", "exclamation", "critical", "information", "question"
-    std::vector<std::string> buttons;
+    std::string text;                 ///< lines end in LF
+    std::string icon;                 ///< "", "exclamation", "critical", "information", "question"
+    std::vector<std::string> buttons; ///< those that answer, without mnemonics
 };
 
 /// One direction, device pixels of the picture.
@@ -141,14 +143,16 @@ public:
     virtual std::string status() = 0;
     /// In place of the page, "" while the page is there; lines end in LF.
     virtual std::string notice() = 0;
-    /// For screen readers: "Page 3 of 12, 85 %".
+    /// For screen readers: "Page 3 of 12, 85 %", or the notice.
     virtual std::string description() = 0;
-    /// No transfer, no delayed fetch, no delayed repaint.
+    /// No transfer, no delayed fetch, no delayed repaint, no method that has not returned, no modal window.
     virtual bool isIdle() = 0;
     virtual bool isPageDisplayed() = 0;
     virtual ShownScroll scroll(bool horizontal) = 0;
     /// Code of the pointer over the page: 0 arrow, 2 cross, 13 arrow with hourglass, 15 in all directions.
     virtual int32_t pointer() = 0;
+    /// Page files in the cache of this control and of those before it.
+    virtual int pageFiles() = 0;
     /// Lines of `txtDebug`, none while it is hidden.
     virtual std::optional<std::string> debugPane() = 0;
     /// The view without scroll bars, from the screen, once all that was to be painted has been.

@@ -44,6 +44,7 @@ void FaceTest::TearDown() {
     face->setFaults("");
     face->set("LogFileName", std::string());
     face->destroy();
+    EXPECT_EQ(face->pageFiles(), 0);
     EXPECT_TRUE(announcesErrors || log().find("Auto Error Report") == std::string::npos) << log();
 }
 

@@ -181,7 +181,7 @@ TEST_F(KeyboardTest, KeysInTheDebugPaneAreTheControls) {
     EXPECT_THAT(face->debugPane(), testing::Optional(testing::Not(testing::HasSubstr("Fired."))));
     face->press('D', with::Shift);
     expectBox("Debugging turned off.", "OK");
-    EXPECT_EQ(face->focus(), "lvrImage");
+    EXPECT_TRUE(waitFor([this] { return face->focus() == "lvrImage"; })) << face->focus();
 }
 
 TEST_F(KeyboardTest, TabGoesThroughTheControlToTheHost) {

@@ -72,6 +72,15 @@ TEST_F(MenuTest, MnemonicsAreOfOneEntryOnly) {
     }
 }
 
+TEST_F(MenuTest, TellTheKeysThatDoTheSame) {
+    std::string keys;
+    for (const ShownEntry& entry : openMenu(Menu::Page))
+        keys += entry.keys.empty() ? "" : entry.text + " " + entry.keys + "\n";
+    closeMenu();
+    EXPECT_EQ(keys, "Fit &Height Ctrl+Shift+H\nFit &Width Ctrl+Shift+W\nGra&yscale Ctrl+Shift+G\n"
+                    "&Copy Ctrl+C\n&Save Page As\u2026 Ctrl+S\nP&rint\u2026 Ctrl+Shift+P\n");
+}
+
 TEST_F(MenuTest, FitsByTheMenu) {
     open(1);
     EXPECT_FALSE(face->scroll(true).visible);

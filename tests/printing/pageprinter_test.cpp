@@ -21,32 +21,13 @@ Raster picture(int32_t width, int32_t height, double xResolution, double yResolu
     return raster;
 }
 
-/// Gives every page the same picture but those that it has not.
-class Client : public PrintClient {
-public:
-    Raster printedPage(int16_t page) override {
-        if (onLoad)
-            onLoad();
-        if (page == missing)
-            throw Error(error_number::InvalidPicture, "Error rendering image.");
-        return given;
-    }
-    void printStatus(const std::string& text, int32_t) override { statuses.push_back(text); }
-    void printProgress(const std::string& record) override { log.push_back(record); }
-    bool printGoesOn() override { return steps-- > 0; }
-
-    Raster given = picture(850, 1100, 100, 100);
-    int16_t missing = 0;
-    std::function<void()> onLoad;
-    int steps = 1000;
-    std::vector<std::string> statuses;
-    std::vector<std::string> log;
-};
-
 /// On Letter paper of 300 by 300 with a printable area of 8 by 10.5 inches.
 class PagePrinterTest : public testing::Test {
 protected:
-    PagePrinterTest() { request.pages = {3}; }
+    PagePrinterTest() {
+        request.pages = {3};
+        client.given = picture(850, 1100, 100, 100);
+    }
 
     PrintResult print() {
         script.record.clear();
@@ -54,7 +35,7 @@ protected:
     }
 
     PrintRequest request;
-    Client client;
+    scripted::PrintClient client;
     scripted::MessageBox box;
     scripted::Printers printers;
     scripted::PrinterScript& script = *printers.script;
@@ -166,7 +147,10 @@ TEST_F(PagePrinterTest, AsksBeforePagesAreCropped) {
 
 TEST_F(PagePrinterTest, FailedPagesAreCollected) {
     request.pages = {1, 2, 3};
-    client.missing = 2;
+    client.onPage = [](int16_t page) {
+        if (page == 2)
+            throw Error(error_number::InvalidPicture, "Error rendering image.");
+    };
     PrintResult result = print();
     EXPECT_EQ(result.pagesQueued, 2);
     EXPECT_TRUE(result.completed);
@@ -228,33 +212,43 @@ TEST_F(PagePrinterTest, CopiesAndPaper) {
     EXPECT_EQ(std::count(script.record.begin(), script.record.end(), "page"), 1 + 3 * 2);
 }
 
+// The same calls with the same numbers: what a sheet looks like is decided before any device draws it.
 TEST_F(PagePrinterTest, ThePreviewDrawsWhatIsPrinted) {
     request.pages = {1, 2};
-    request.hasCoverSheet = true;
+    request.mayCrop = true;
     request.coverSheet.userName = "A. Clerk";
-    request.caption = "Contract 42";
-    request.pageNumbers = {"Page 1 of 2", "Page 2 of 2"};
-    print();
-    std::vector<std::string> printed = script.record;
-    std::erase_if(printed, [](const std::string& line) { return line.find(' ') == std::string::npos; });
-    std::erase_if(printed, [](const std::string& line) {
-        return line.rfind("end", 0) == 0 || line.rfind("document", 0) == 0;
-    });
-    script.record.clear();
+    for (const bool full : {false, true})
+        for (const int16_t scale : {FitToPage, FullSize, CurrentView})
+            for (const Raster& given : {picture(850, 1300, 100, 100), picture(1728, 1100, 204, 98)}) {
+                client.given = given;
+                request.scale = scale;
+                request.hasCoverSheet = full;
+                request.caption = full ? "Contract 42" : "";
+                request.pageNumbers = full ? std::vector<std::string>{"Page 1 of 2", "Page 2 of 2"}
+                                           : std::vector<std::string>();
+                ASSERT_TRUE(print().completed);
+                std::vector<std::string> printed = script.record;
+                std::erase_if(printed, [](const std::string& line) {
+                    return line.rfind("text ", 0) != 0 && line.rfind("bits ", 0) != 0;
+                });
+                script.record.clear();
+                PrintPreview preview(errors, box, printers, client, request);
+                ASSERT_EQ(preview.sheetCount(), full ? 3 : 2);
+                for (int32_t sheet = 0; sheet < preview.sheetCount(); ++sheet)
+                    EXPECT_EQ(preview.draw(sheet, std::make_unique<scripted::PrinterDevice>(printers.script)),
+                              0);
+                EXPECT_EQ(script.record, printed);
+            }
     PrintPreview preview(errors, box, printers, client, request);
-    ASSERT_EQ(preview.sheetCount(), 3);
     EXPECT_EQ(preview.sheetText(1), "Sheet 2 of 3");
-    for (int32_t sheet = 0; sheet < preview.sheetCount(); ++sheet)
-        EXPECT_EQ(preview.draw(sheet, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);
-    EXPECT_EQ(script.record, printed);
 }
 
 // While the preview waits for one page, the user asks for the next.
 TEST_F(PagePrinterTest, ThePreviewIsOvertaken) {
     request.pages = {1, 2};
     PrintPreview preview(errors, box, printers, client, request);
-    client.onLoad = [&] {
-        client.onLoad = nullptr;
+    client.onPage = [&](int16_t) {
+        client.onPage = nullptr;
         EXPECT_EQ(preview.draw(1, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);
     };
     EXPECT_EQ(preview.draw(0, std::make_unique<scripted::PrinterDevice>(printers.script)), 0);

@@ -61,6 +61,10 @@ protected:
         };
         view().runCommand("PRINT");
     }
+    void printAllPages() {
+        drawn().clear();
+        printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    }
     std::vector<std::string> texts() const {
         std::vector<std::string> result;
         for (const auto& question : control.messageBox->questions)
@@ -203,36 +207,28 @@ TEST_F(PrintJobTest, OneJobAtATime) {
 }
 
 TEST_F(PrintJobTest, ThePreviewFetchesAndGivesUpWhenItIsClosed) {
-    view().runCommand("QUICKPRINT");
-    view().printJob().cancel();
-    const auto draw = [this](PrintPreview& preview) {
-        return preview.draw(0, std::make_unique<scripted::PrinterDevice>(control.printers->script));
-    };
-    std::vector<int32_t> results;
-    const auto previewOf = [&](const char* page) {
-        drawn().clear();
+    const auto previewOf = [&](const char* page, bool closes) {
+        int32_t result = -1;
+        control.printWindows->onPreview = [&, closes](PrintPreview& preview) {
+            if (closes)
+                control.eventLoop->post([&preview] { preview.close(); });
+            result = preview.draw(0, std::make_unique<scripted::PrinterDevice>(control.printers->script));
+        };
         control.printWindows->onPrint = [page](dlgPrint& dialog) {
             dialog.optPrintType_Click(PageRange);
             dialog.txtFromPage_Change(page);
             dialog.txtToPage_Change(page);
             dialog.cmdPreview_Click();
-            dialog.cmdCancel_Click();
         };
         view().runCommand("PRINT");
+        return result;
     };
-    control.printWindows->onPreview = [&](PrintPreview& preview) {
-        control.eventLoop->post([&preview] { preview.close(); });
-        results.push_back(draw(preview));
-    };
-    previewOf("4");
-    EXPECT_THAT(results, ElementsAre(error_number::InvalidPicture));
+    EXPECT_EQ(previewOf("4", true), error_number::InvalidPicture);
     EXPECT_FALSE(control.eventLoop->ranDry);
-    control.printWindows->onPreview = [&](PrintPreview& preview) { results.push_back(draw(preview)); };
     servePages();
-    previewOf("6");
-    EXPECT_EQ(results.back(), 0);
+    EXPECT_EQ(previewOf("6", false), 0);
     EXPECT_THAT(drawn(), Contains(HasSubstr("bits 100x200")));
-    EXPECT_THAT(happened, testing::Not(Contains(HasSubstr("finish 0"))));
+    EXPECT_THAT(happened, IsEmpty());
 }
 
 TEST_F(PrintJobTest, OnePageThatFailsCancelsTheJob) {
@@ -244,7 +240,7 @@ TEST_F(PrintJobTest, OnePageThatFailsCancelsTheJob) {
                 control.reader->finish(tag, ScriptedControl::pageFile());
         });
     };
-    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    printAllPages();
     EXPECT_THAT(texts(), ElementsAre("Some pages for the current print job failed to load.\r\n"
                                      "The print job will be cancelled."));
     EXPECT_EQ(control.messageBox->questions[0].title, "Print Job Cancelled");
@@ -258,7 +254,7 @@ TEST_F(PrintJobTest, CancelWorksWhileLoadingAndBetweenPages) {
         EXPECT_FALSE(view().commands().isEnabled("PRINT"));
         view().tlbImage_ButtonClick("CANCEL");
     });
-    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    printAllPages();
     EXPECT_THAT(texts(), IsEmpty());
     EXPECT_THAT(happened, IsEmpty());
     EXPECT_TRUE(view().isIdle());
@@ -268,7 +264,7 @@ TEST_F(PrintJobTest, CancelWorksWhileLoadingAndBetweenPages) {
         if (sheets() == 2)
             view().tlbImage_ButtonClick("CANCEL");
     };
-    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    printAllPages();
     EXPECT_EQ(sheets(), 2);
     EXPECT_EQ(drawn().back(), "abort");
     EXPECT_EQ(happened.back(), "finish 0 5");
@@ -278,54 +274,74 @@ TEST_F(PrintJobTest, CancelWorksWhileLoadingAndBetweenPages) {
         if (sheets() == 3)
             view().setProperty("PrintCancelJob", true);
     };
-    drawn().clear();
-    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    printAllPages();
     EXPECT_EQ(sheets(), 3);
     EXPECT_EQ(happened.back(), "finish 0 5");
 }
 
-TEST_F(PrintJobTest, SeveralCopiesAreConfirmed) {
-    printInDialog([](dlgPrint& dialog) { dialog.setCopies(2); });
-    EXPECT_THAT(texts(), ElementsAre("Are you sure you want multiple copies of this document?"));
-    EXPECT_EQ(control.messageBox->questions[0].title, "Multiple Copies Specified");
-    EXPECT_THAT(happened, ElementsAre("begin 1 5", "beginEX 1 2 5", "finish 0 5"));
-    EXPECT_EQ(sheets(), 0);
-    control.messageBox->answers = {Answer::Yes};
-    printInDialog([](dlgPrint& dialog) { dialog.setCopies(2); });
-    EXPECT_EQ(sheets(), 2);
-    EXPECT_EQ(happened.back(), "finish 1 5");
-}
-
-TEST_F(PrintJobTest, ErrorsAreReportedAtTheEnd) {
+TEST_F(PrintJobTest, PromptsAndTheirAnswers) {
     LogReader log(control);
-    const std::string intro = "The following error(s) where reported while printing:\r\n";
-    control.printers->script->drawsPictures = false;
-    view().runCommand("QUICKPRINT");
-    EXPECT_THAT(texts(), ElementsAre(intro + "Page 2: Error rendering image."));
-    EXPECT_EQ(happened.back(), "finish 0 5");
-    EXPECT_THAT(log.messages(), HasSubstr("cLeadImageFunctions.imgQueuePage"));
-    control.printers->script->opens = false;
-    view().runCommand("QUICKPRINT");
-    EXPECT_EQ(texts().back(), intro + "Printer error");
-    EXPECT_EQ(happened.back(), "finish 0 5");
-    EXPECT_THAT(log.messages(), HasSubstr("cLeadImageFunctions.imgPrintDoc"));
-    EXPECT_EQ(view().statusText(), "");
-}
-
-TEST_F(PrintJobTest, DebugInfoIsShownWhereItIsSet) {
-    control.settings->values[{"Settings", "ShowPrintDebugInfo"}] = "TRUE";
-    view().runCommand("QUICKPRINT");
-    ASSERT_EQ(texts().size(), 1U);
-    EXPECT_THAT(texts()[0], HasSubstr("Caps for Printer-> Front Office"));
-    EXPECT_EQ(control.messageBox->questions[0].title, "Printer Debug Info");
-    EXPECT_EQ(sheets(), 1);
+    const std::string crop =
+        "WARNING: Some pages must be cropped to fit the current printer's paper.  Continue anyway?";
+    const std::string errors = "The following error(s) where reported while printing:\r\n";
+    const std::string done = "finish 1 5, 1 pages queued successfully.";
+    struct {
+        std::string job;
+        bool yes;
+        std::string title, text, end;
+        int sheets;
+        const char* logged;
+    } const cases[] = {
+        {"two copies", false, "Multiple Copies Specified",
+         "Are you sure you want multiple copies of this document?", "finish 0 5, ", 0, ""},
+        {"two copies", true, "Multiple Copies Specified", "Are you sure", done, 2, "Printed page: 2"},
+        {"debug info", true, "Printer Debug Info", "Caps for Printer-> Front Office\r\n", done, 1, ""},
+        {"narrow", false, "", crop, "finish 0 5, Print job cancelled.", 0, ""},
+        {"narrow", true, "", crop, done, 1, ""},
+        {"no ink", true, "", errors + "Page 2: Error rendering image.", "finish 0 5, ", 1, "imgQueuePage"},
+        {"no printer", true, "", errors + "Printer error", "finish 0 5, ", 0, "imgPrintDoc"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.job + " " + each.end);
+        drawn().clear();
+        control.messageBox->questions.clear();
+        control.messageBox->answers = {each.yes ? Answer::Yes : Answer::No};
+        control.settings->values[{"Settings", "ShowPrintDebugInfo"}] =
+            each.job == "debug info" ? "TRUE" : "FALSE";
+        scripted::PrinterScript& script = *control.printers->script;
+        script.caps[DeviceCap::HorzRes] = each.job == "narrow" ? 90 : 2400;
+        script.drawsPictures = each.job != "no ink";
+        script.opens = each.job != "no printer";
+        printInDialog([&](dlgPrint& dialog) {
+            dialog.setCopies(each.job == "two copies" ? 2 : 1);
+            dialog.optImageScale_Click(each.job == "narrow" ? FullSize : FitToPage);
+        });
+        EXPECT_THAT(texts(), ElementsAre(testing::StartsWith(each.text)));
+        EXPECT_EQ(control.messageBox->questions.at(0).title, each.title);
+        EXPECT_EQ(happened.back() + ", " + view().statusText(), each.end);
+        EXPECT_EQ(sheets(), each.sheets);
+        EXPECT_THAT(log.messages(), HasSubstr(each.logged));
+    }
+    EXPECT_EQ(happened.size(), 3 * std::size(cases)) << "each job begins twice and finishes once";
 }
 
 TEST_F(PrintJobTest, TheSelectionOfTheThumbnailsIsPrinted) {
     servePages();
-    view().thumbnails().PrintSelection.raise({1, 3});
+    const auto printedNumbers = [this](int16_t style) {
+        drawn().clear();
+        view().setProperty("PrintPageNumStyle", style);
+        view().thumbnails().PrintSelection.raise({1, 3});
+        std::string numbers;
+        for (const std::string& line : drawn())
+            if (const size_t at = line.find("Page "); at != std::string::npos)
+                numbers += line.substr(at) + ";";
+        return numbers;
+    };
+    EXPECT_EQ(printedNumbers(pnPrintJobPageNums), "Page 1 of 2;Page 2 of 2;");
     EXPECT_THAT(happened, ElementsAre("begin 2 5", "beginEX 2 1,3 5", "finish 2 5"));
-    EXPECT_EQ(sheets(), 2);
+    EXPECT_EQ(printedNumbers(pnSourceDocPageNums), "Page 1 of 6;Page 3 of 6;");
+    view().setProperty("PrintPageNums", false);
+    EXPECT_EQ(printedNumbers(pnSourceDocPageNums), "");
 }
 
 TEST_F(PrintJobTest, AnotherDocumentOrTheEndOfTheControlEndsTheJob) {
@@ -339,8 +355,7 @@ TEST_F(PrintJobTest, AnotherDocumentOrTheEndOfTheControlEndsTheJob) {
         if (sheets() == 2)
             view().Clear();
     };
-    drawn().clear();
-    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    printAllPages();
     EXPECT_EQ(sheets(), 2);
     EXPECT_EQ(happened.back(), "finish 0 5");
 
@@ -352,7 +367,7 @@ TEST_F(PrintJobTest, AnotherDocumentOrTheEndOfTheControlEndsTheJob) {
             control.destroy();
     };
     const auto held = control.printers;
-    printInDialog([](dlgPrint& dialog) { dialog.optPrintType_Click(AllPages); });
+    printAllPages();
     EXPECT_EQ(sheets(), 1);
     EXPECT_THAT(happened, testing::Not(Contains(HasSubstr("finish"))));
 }

@@ -39,49 +39,6 @@ echo "$1|$3|$4|$5" >"$out.part"
 mv "$out.part" "$out.options"
 )";
 
-/// A printer for Letter, A4 and A3 that reaches no quarter of an inch at the sides and no half at the ends.
-constexpr const char* Description = R"ppd(*PPD-Adobe: "4.3"
-*FormatVersion: "4.3"
-*FileVersion: "1.0"
-*LanguageVersion: English
-*LanguageEncoding: ISOLatin1
-*PCFileName: "KEEPER.PPD"
-*Manufacturer: "Pixmo"
-*Product: "(Keeper)"
-*ModelName: "Keeper"
-*ShortNickName: "Keeper"
-*NickName: "Keeper"
-*PSVersion: "(3010.000) 0"
-*LanguageLevel: "3"
-*ColorDevice: True
-*DefaultColorSpace: RGB
-*cupsFilter: "application/pdf 0 -"
-*OpenUI *PageSize: PickOne
-*OrderDependency: 10 AnySetup *PageSize
-*DefaultPageSize: Letter
-*PageSize Letter: "<</PageSize[612 792]>>setpagedevice"
-*PageSize A4: "<</PageSize[595 842]>>setpagedevice"
-*PageSize A3: "<</PageSize[842 1191]>>setpagedevice"
-*CloseUI: *PageSize
-*OpenUI *PageRegion: PickOne
-*OrderDependency: 10 AnySetup *PageRegion
-*DefaultPageRegion: Letter
-*PageRegion Letter: "<</PageSize[612 792]>>setpagedevice"
-*PageRegion A4: "<</PageSize[595 842]>>setpagedevice"
-*PageRegion A3: "<</PageSize[842 1191]>>setpagedevice"
-*CloseUI: *PageRegion
-*DefaultImageableArea: Letter
-*ImageableArea Letter: "18 36 594 756"
-*ImageableArea A4: "18 36 577 806"
-*ImageableArea A3: "18 36 824 1155"
-*DefaultPaperDimension: Letter
-*PaperDimension Letter: "612 792"
-*PaperDimension A4: "595 842"
-*PaperDimension A3: "842 1191"
-*DefaultFont: Courier
-*Font Courier: Standard "(1.0)" Standard ROM
-)ppd";
-
 bool isRoot() {
     return getuid() == 0;
 }
@@ -104,7 +61,6 @@ CupsQueue::CupsQueue() {
     makeBackend();
     write(QStringLiteral("cupsd.conf"), QByteArray(Rules).replace("@", folder_.path().toLocal8Bit()));
     write(QStringLiteral("cups-files.conf"), files());
-    write(QStringLiteral("keeper.ppd"), Description);
     if (startScheduler() && add())
         return;
     problem_ = "No print system can be started: " + scheduler_.errorString().toStdString() + "\n" +
@@ -130,9 +86,9 @@ bool CupsQueue::startScheduler() {
 }
 
 bool CupsQueue::add() {
-    return admin("lpadmin", {QStringLiteral("-p"), QString::fromLatin1(Name), QStringLiteral("-E"),
-                             QStringLiteral("-v"), QStringLiteral("keep:") + job(), QStringLiteral("-P"),
-                             folder_.filePath(QStringLiteral("keeper.ppd"))}) == 0;
+    return admin("lpadmin",
+                 {QStringLiteral("-p"), QString::fromLatin1(Name), QStringLiteral("-E"), QStringLiteral("-v"),
+                  QStringLiteral("keep:") + job(), QStringLiteral("-P"), QStringLiteral(PIXMO_PRINTER)}) == 0;
 }
 
 int CupsQueue::admin(const char* program, const QStringList& arguments) const {
@@ -140,12 +96,15 @@ int CupsQueue::admin(const char* program, const QStringList& arguments) const {
                              arguments);
 }
 
-// The worker needs to pass the folder and to write in it.
+// The worker needs to pass the folders and to write in some, whatever the user's mask.
 void CupsQueue::makeFolders() const {
     const QDir root(folder_.path());
-    QFile::setPermissions(folder_.path(), QFile::Permissions(0x7755));
-    for (const char* name : {"root", "cache", "state", "spool/tmp", "run", "log", "out", "bin/backend"})
-        root.mkpath(QString::fromLatin1(name));
+    for (const char* name :
+         {"", "root", "cache", "state", "spool", "spool/tmp", "run", "log", "out", "bin", "bin/backend"}) {
+        const QString path = root.filePath(QString::fromLatin1(name));
+        root.mkpath(path);
+        QFile::setPermissions(path, QFile::Permissions(0x7755));
+    }
     if (isRoot())
         QProcess::execute(QStringLiteral("chown"),
                           {QStringLiteral("-R"), QStringLiteral("lp:lp"),

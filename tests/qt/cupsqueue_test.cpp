@@ -1,10 +1,7 @@
 #include "tests/qt/cupsqueue.h"
 
-#include "core/printing/dlgprint.h"
-#include "core/printing/pageprinter.h"
-#include "faces/qt/printers.h"
-#include "faces/scripted/scriptedports.h"
 #include "tests/qt/pdffile.h"
+#include "tests/qt/printfixture.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,13 +15,10 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-constexpr int Letter = 1;
-constexpr int Legal = 5;
-constexpr int A3 = 8;
-constexpr int A4 = 9;
+using namespace paper;
 
 /// Prints letter pages of 200 by 200 on a real queue.
-class PrintSystem : public testing::Test, protected PrintClient {
+class PrintSystem : public PrintFixture {
 protected:
     static void SetUpTestSuite() { queue = new CupsQueue; }
     static void TearDownTestSuite() { delete queue; }
@@ -34,12 +28,10 @@ protected:
         ASSERT_TRUE(queue->add());
         queue->forgetJob();
         printers.setCurrent(CupsQueue::Name);
+        client.given = makeRaster(PixelFormat::Bilevel, 1700, 2200);
+        client.given.xResolution = client.given.yResolution = 200;
         request.documentName = "Urkunde \u00FC";
         request.pages = {1, 2, 3};
-    }
-    PrintResult print() {
-        cPrinter printer(printers);
-        return PagePrinter(errors, box, printer).imgPrintDoc(request, *this);
     }
     /// Number, title, copies and options of the job that comes out.
     static QStringList job() {
@@ -48,26 +40,8 @@ protected:
         return parts;
     }
 
-    Raster printedPage(int16_t page) override {
-        if (onPage)
-            onPage(page);
-        Raster raster = makeRaster(PixelFormat::Bilevel, 1700, 2200);
-        raster.xResolution = raster.yResolution = 200;
-        return raster;
-    }
-    void printStatus(const std::string&, int32_t) override {}
-    void printProgress(const std::string& record) override { log.push_back(record); }
-    bool printGoesOn() override { return !cancelled; }
-
     static CupsQueue* queue;
     const PdfFile file{queue->job()};
-    Printers printers{std::make_shared<WidgetLink>()};
-    scripted::MessageBox box;
-    cErrObject errors{&box};
-    PrintRequest request;
-    std::function<void(int16_t)> onPage;
-    bool cancelled = false;
-    std::vector<std::string> log;
 };
 
 CupsQueue* PrintSystem::queue = nullptr;
@@ -104,7 +78,7 @@ TEST_F(PrintSystem, CopiesAndPaper) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
-        log.clear();
+        client.log.clear();
         request.paperSize = each.paper;
         request.copies = each.copies;
         request.hasCoverSheet = each.cover;
@@ -119,7 +93,7 @@ TEST_F(PrintSystem, CopiesAndPaper) {
         EXPECT_EQ(came[2].toStdString(), each.jobCopies);
         EXPECT_THAT((" " + came[3] + " ").toStdString(), HasSubstr(each.option));
         const std::string lacks = "The printer 'pixmo-test' has no paper of size 5 and keeps its own.";
-        EXPECT_EQ(std::count(log.begin(), log.end(), lacks), each.paper == Legal ? 1 : 0);
+        EXPECT_EQ(std::count(client.log.begin(), client.log.end(), lacks), each.paper == Legal ? 1 : 0);
     }
 }
 
@@ -136,12 +110,11 @@ TEST_F(PrintSystem, ThePrintableAreaIsTheQueues) {
 TEST_F(PrintSystem, ACancelledJobNeverReachesTheQueue) {
     ASSERT_EQ(print().pagesQueued, 3);
     const int before = job().first().toInt();
-    onPage = [this](int16_t page) { cancelled = page == 2; };
+    client.steps = 2;
     const PrintResult result = print();
     EXPECT_FALSE(result.completed);
     EXPECT_THAT(result.errors, ElementsAre());
-    cancelled = false;
-    onPage = nullptr;
+    client.steps = 100;
     ASSERT_EQ(print().pagesQueued, 3);
     EXPECT_EQ(job().first().toInt(), before + 1);
     EXPECT_THAT(QDir::temp().entryList({QStringLiteral("pixmo-*.pdf")}), ElementsAre());
@@ -163,7 +136,7 @@ TEST_F(PrintSystem, AQueueThatVanishesOrRefusesIsReported) {
         ASSERT_TRUE(queue->add());
         if (each.beforeTheJob)
             each.happens();
-        onPage = [&](int16_t page) {
+        client.onPage = [&](int16_t page) {
             if (page == 2)
                 each.happens();
         };

@@ -66,17 +66,19 @@ void HostWindow::connectPages() {
 }
 
 void HostWindow::connectPrinting() {
-    connect(view_, &ImageView::PrintJobBegin, this, [this](short pages, const QString& document, bool& cancel) {
-        note("PrintJobBegin", pages, document.toStdString());
-        cancel = answers.cancelsPrinting;
-    });
+    connect(view_, &ImageView::PrintJobBegin, this,
+            [this](short pages, const QString& document, bool& cancel) {
+                note("PrintJobBegin", pages, document.toStdString());
+                cancel = answers.cancelsPrinting;
+            });
     connect(view_, &ImageView::PrintJobBeginEX, this,
             [this](short pages, const QString& selected, const QString& document, bool& cancel) {
                 note("PrintJobBeginEX", pages, selected.toStdString(), document.toStdString());
                 cancel = cancel || answers.cancelsPrinting;
             });
-    connect(view_, &ImageView::PrintJobFinish, this,
-            [this](short pages, const QString& document) { note("PrintJobFinish", pages, document.toStdString()); });
+    connect(view_, &ImageView::PrintJobFinish, this, [this](short pages, const QString& document) {
+        note("PrintJobFinish", pages, document.toStdString());
+    });
 }
 
 } // namespace pixmo::qt

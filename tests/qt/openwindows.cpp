@@ -67,17 +67,19 @@ behaviour::ShownBox look(const QMessageBox& box) {
     behaviour::ShownBox shown;
     shown.text = (box.detailedText().isEmpty() ? box.text() : box.detailedText()).toStdString();
     shown.icon = iconName(box.icon());
-    for (const QAbstractButton* button : box.buttons())
-        if (button->isVisible())
+    for (QAbstractButton* button : box.buttons())
+        if (box.standardButton(button) != QMessageBox::NoButton)
             shown.buttons.push_back(plain(button->text()).toStdString());
     return shown;
 }
 
 std::vector<behaviour::ShownEntry> look(const QMenu& menu) {
     std::vector<behaviour::ShownEntry> entries;
-    for (const QAction* action : menu.actions())
-        entries.push_back(
-            {action->text().toStdString(), action->isSeparator(), action->isEnabled(), action->isChecked()});
+    for (const QAction* action : menu.actions()) {
+        const QStringList columns = action->text().split(QLatin1Char('\t'));
+        entries.push_back({columns.value(0).toStdString(), columns.value(1).toStdString(),
+                           action->isSeparator(), action->isEnabled(), action->isChecked()});
+    }
     return entries;
 }
 

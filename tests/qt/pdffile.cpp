@@ -1,5 +1,6 @@
 #include "tests/qt/pdffile.h"
 
+#include <QColorSpace>
 #include <QProcess>
 #include <gtest/gtest.h>
 
@@ -27,6 +28,17 @@ QImage PdfFile::page(int number, int dotsPerInch) const {
 QImage PdfFile::pageOfHeight(int number, int height) const {
     return rasterised(number, {QStringLiteral("-scale-to-x"), QStringLiteral("-1"),
                                QStringLiteral("-scale-to-y"), QString::number(height)});
+}
+
+QImage PdfFile::pageToTheBit(int number, int dotsPerInch) const {
+    const QString page = QString::number(number);
+    const QByteArray picture =
+        run("pdftocairo", {QStringLiteral("-png"), QStringLiteral("-gray"), QStringLiteral("-singlefile"),
+                           QStringLiteral("-f"), page, QStringLiteral("-r"), QString::number(dotsPerInch),
+                           path_, QStringLiteral("-")});
+    QImage image = QImage::fromData(picture, "PNG").convertToFormat(QImage::Format_Grayscale8);
+    image.setColorSpace({});
+    return image;
 }
 
 int PdfFile::pageCount() const {

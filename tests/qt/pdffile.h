@@ -15,6 +15,8 @@ public:
     QImage page(int number, int dotsPerInch = 100) const;
     /// The same so many pixels high.
     QImage pageOfHeight(int number, int height) const;
+    /// By an engine that leaves a picture's pixels as they are where each is one pixel of the page.
+    QImage pageToTheBit(int number, int dotsPerInch) const;
     int pageCount() const;
     /// Of all pages, one line after the other, a form feed behind each page.
     std::string text() const;

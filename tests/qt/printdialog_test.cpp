@@ -113,7 +113,13 @@ TEST_F(PrintWindow, QuickPrintAndTheEndOfTheWidgetWhileItPrints) {
     int finished = -1;
     QObject::connect(view.get(), &ImageView::PrintJobFinish, view.get(),
                      [&](short pages, const QString&) { finished = pages; });
+    const QString other = folder.filePath(QStringLiteral("other.pdf"));
+    const auto meanwhile = QObject::connect(view.get(), &ImageView::PrintJobBegin, view.get(), [&] {
+        EXPECT_EQ(view->PrintToFile(other, {1}, false), 0) << "one job at a time";
+    });
     view->action(QStringLiteral("QUICKPRINT"))->trigger();
+    QObject::disconnect(meanwhile);
+    EXPECT_FALSE(QFile::exists(other));
     EXPECT_EQ(finished, 1);
     EXPECT_EQ(file.pageCount(), 1);
     QFile::remove(path);

@@ -14,9 +14,11 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSettings>
+#include <QStyleHints>
 #include <QToolBar>
 #include <QToolButton>
 #include <QWindow>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 // The control and what is seen of it.
@@ -87,8 +89,19 @@ QtDriver::~QtDriver() {
     destroy();
 }
 
+void QtDriver::start(const std::function<void()>& call) {
+    startOnUi([this, call] {
+        ++underWay_;
+        call();
+        --underWay_;
+    });
+    onUi([] {});
+}
+
 void QtDriver::create() {
     onUi([this] {
+        // Clicks in quick order are as many clicks.
+        QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
         host_ = std::make_unique<HostWindow>();
         host_->resizeView(FirstSize);
         host_->show();
@@ -117,8 +130,7 @@ Value QtDriver::get(const std::string& property) {
 }
 
 void QtDriver::set(const std::string& property, const Value& value) {
-    startOnUi([this, property, value] { view().setProperty(property.c_str(), variantOf(value)); });
-    onUi([] {});
+    start([this, property, value] { view().setProperty(property.c_str(), variantOf(value)); });
 }
 
 LastError QtDriver::lastError() {
@@ -134,8 +146,7 @@ LastError QtDriver::lastError() {
 }
 
 void QtDriver::load(int32_t docID, int16_t page) {
-    startOnUi([this, docID, page] { view().LoadDocumentByDocID(docID, page); });
-    onUi([] {});
+    start([this, docID, page] { view().LoadDocumentByDocID(docID, page); });
 }
 
 void QtDriver::call(const std::string& method) {
@@ -152,8 +163,7 @@ void QtDriver::answerEvents(const HostAnswers& answers) {
 }
 
 void QtDriver::command(const std::string& key) {
-    startOnUi([this, key] { view().action(QString::fromStdString(key))->trigger(); });
-    onUi([] {});
+    start([this, key] { view().action(QString::fromStdString(key))->trigger(); });
 }
 
 void QtDriver::setStallTimeout(int milliseconds) {
@@ -196,7 +206,7 @@ std::string QtDriver::description() {
 }
 
 bool QtDriver::isIdle() {
-    return onUi([this] { return view().isIdle(); });
+    return onUi([this] { return underWay_ == 0 && view().isIdle() && !QApplication::activeModalWidget(); });
 }
 
 bool QtDriver::isPageDisplayed() {
@@ -212,6 +222,14 @@ ShownScroll QtDriver::scroll(bool horizontal) {
 
 int32_t QtDriver::pointer() {
     return onUi([this] { return codeOf(page().viewport()->cursor().shape()); });
+}
+
+int QtDriver::pageFiles() {
+    using std::filesystem::recursive_directory_iterator;
+    int count = 0;
+    for (const auto& entry : recursive_directory_iterator(std::filesystem::temp_directory_path()))
+        count += entry.path().extension() == ".dat" ? 1 : 0;
+    return count;
 }
 
 std::optional<std::string> QtDriver::debugPane() {

@@ -41,6 +41,7 @@ public:
     bool isPageDisplayed() override;
     behaviour::ShownScroll scroll(bool horizontal) override;
     int32_t pointer() override;
+    int pageFiles() override;
     std::optional<std::string> debugPane() override;
     behaviour::Picture picture() override;
     std::string focus() override;
@@ -80,11 +81,14 @@ private:
     /// On the screen; of a widget its middle. Fails the test when there is nothing.
     static std::optional<QPoint> placeOf(const QWidget* widget);
     QPoint onPage(int32_t x, int32_t y) const;
+    /// Starts what may go on for long, or open a modal window.
+    void start(const std::function<void()>& call);
     void clickAt(std::optional<QPoint> place, behaviour::Mouse button = behaviour::Mouse::Left);
 
     const EngineProcess& engine_;
     std::unique_ptr<HostWindow> host_;
     UserInput input_;
+    int underWay_ = 0; ///< calls that were started and have not returned
 };
 
 } // namespace pixmo::qt

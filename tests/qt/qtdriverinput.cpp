@@ -5,9 +5,11 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAction>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStyleHints>
 #include <QToolBar>
 #include <gtest/gtest.h>
 
@@ -53,8 +55,11 @@ void QtDriver::click(int32_t x, int32_t y, Mouse button) {
 }
 
 void QtDriver::doubleClick(int32_t x, int32_t y) {
+    constexpr int patient = 2000;
+    onUi([] { QGuiApplication::styleHints()->setMouseDoubleClickInterval(patient); });
     clickAt(onPage(x, y));
     clickAt(onPage(x, y));
+    onUi([] { QGuiApplication::styleHints()->setMouseDoubleClickInterval(0); });
 }
 
 void QtDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
@@ -118,7 +123,7 @@ void QtDriver::choose(const std::string& text) {
         if (!menu)
             return std::nullopt;
         for (QAction* action : menu->actions())
-            if (action->text().toStdString() == text)
+            if (action->text().section(QLatin1Char('\t'), 0, 0).toStdString() == text)
                 return menu->mapToGlobal(menu->actionGeometry(action).center());
         return std::nullopt;
     }));

@@ -3,8 +3,7 @@
 #include "tests/qt/uithread.h"
 
 #include <QAbstractNativeEventFilter>
-#include <QGuiApplication>
-#include <QThread>
+#include <QApplication>
 #include <QWidget>
 #include <QWindow>
 #include <atomic>
@@ -45,6 +44,7 @@ struct SymbolRow {
 };
 
 constexpr SymbolRow Symbols[] = {
+    {behaviour::key::Backspace, XK_BackSpace},
     {behaviour::key::Tab, XK_Tab},
     {behaviour::key::Enter, XK_Return},
     {behaviour::key::Escape, XK_Escape},
@@ -136,6 +136,8 @@ void UserInput::settle() {
 }
 
 bool UserInput::keyboardIsHere() const {
+    if (onUi([] { return QApplication::activePopupWidget() != nullptr; }))
+        return true;
     const WId focused = onUi([] {
         const QWindow* const window = QGuiApplication::focusWindow();
         return window && window->isVisible() ? window->winId() : WId(0);

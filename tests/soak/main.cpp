@@ -1,16 +1,45 @@
+#include "tests/soak/randomuser.h"
 #include "tests/soak/soak.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTemporaryDir>
+#include <cstdio>
+#include <random>
 
+namespace {
+
+/// The argument as a number above 0, else the usual one.
+int numberAt(qsizetype place, int usual) {
+    const int number = QApplication::arguments().value(place).toInt();
+    return number > 0 ? number : usual;
+}
+
+bool turnPages() {
+    return pixmo::qt::Soak(numberAt(1, 2000)).run();
+}
+
+bool doAnything() {
+    const int steps = numberAt(2, 20'000);
+    const auto seed = static_cast<uint32_t>(numberAt(3, static_cast<int>(std::random_device()() >> 1)));
+    std::printf("seed %u\n", seed);
+    std::fflush(stdout);
+    return pixmo::qt::RandomUser(seed).run(steps);
+}
+
+} // namespace
+
+// pixmo_soak [PAGE-CHANGES], or pixmo_soak random [STEPS [SEED]]
 int main(int argc, char** argv) {
-    constexpr int usualChanges = 2000;
     const QTemporaryDir home;
-    qputenv("TMPDIR", home.path().toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    for (const char* folder : {"TMPDIR", "XDG_CONFIG_HOME", "HOME"})
+        qputenv(folder, home.path().toLocal8Bit());
+    // What a dialog may write goes with the run.
+    QDir::setCurrent(home.path());
     if (!qEnvironmentVariableIsSet("DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    const int changes = argc > 1 ? QApplication::arguments().at(1).toInt() : usualChanges;
-    return changes > 0 && pixmo::qt::Soak(changes).run() ? 0 : 1;
+    QApplication::setQuitOnLastWindowClosed(false);
+    const bool random = QApplication::arguments().value(1) == QLatin1String("random");
+    return (random ? doAnything() : turnPages()) ? 0 : 1;
 }

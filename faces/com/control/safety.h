@@ -3,6 +3,9 @@
 #include <objsafe.h>
 #include <optional>
 
+// The compiler's headers declare the interface without its identity.
+__CRT_UUID_DECL(IObjectSafety, 0xCB5BDC81, 0x93C1, 0x11CF, 0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64)
+
 namespace pixmo::com {
 
 /// Whether the control may reach beyond its window and its server: write files, read files of this machine.

@@ -4,9 +4,6 @@
 
 #include <objsafe.h>
 
-// The compiler's headers declare the interface without its identity.
-__CRT_UUID_DECL(IObjectSafety, 0xCB5BDC81, 0x93C1, 0x11CF, 0x8F, 0x20, 0x00, 0x80, 0x5F, 0x2C, 0xD0, 0x64)
-
 namespace pixmo::com {
 
 class SafetyPart : public Part<IObjectSafety> {

@@ -5,9 +5,6 @@
 #include <oleacc.h>
 #include <oleauto.h>
 
-// The system's interfaces have no destructors, so that objects end by Release alone.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 namespace pixmo::com {
 
 namespace {

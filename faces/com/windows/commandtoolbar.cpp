@@ -3,6 +3,7 @@
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/colours.h"
 #include "faces/com/windows/dpi.h"
+#include "faces/com/windows/fonts.h"
 #include "faces/com/windows/pixelbuffer.h"
 #include "faces/com/windows/window.h"
 #include "icons/commandicon.h"
@@ -54,8 +55,8 @@ BitmapHandle makePicture(const std::string& key, int32_t size, COLORREF colour) 
 
 } // namespace
 
-CommandToolbar::CommandToolbar(HWND parent, Texts texts, Run run)
-    : parent_(parent), texts_(std::move(texts)), run_(std::move(run)) {}
+CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, Run run)
+    : parent_(parent), name_(name), run_(std::move(run)) {}
 
 CommandToolbar::~CommandToolbar() {
     destroyWindow();
@@ -97,10 +98,8 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
         makeWindow(toolbar);
     }
     tips_.clear();
-    for (const ToolButton& button : toolbar.Buttons) {
-        const std::string shortcut = texts_.shortcut(button.Key);
-        tips_.push_back(shortcut.empty() ? button.ToolTipText : button.ToolTipText + " (" + shortcut + ")");
-    }
+    for (const ToolButton& button : toolbar.Buttons)
+        tips_.push_back(button.ToolTipText);
     for (size_t i = 0; i < toolbar.Buttons.size(); ++i) {
         const auto command = static_cast<WPARAM>(commandOf(i));
         const BYTE state = stateOf(toolbar.Buttons[i]);
@@ -111,9 +110,10 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
 
 void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     const CommonControls::Scope scope(*controls_);
-    bar_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, texts_.name,
+    bar_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, name_,
                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
-                               TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN,
+                               TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN |
+                               (look_.captions ? 0 : TBSTYLE_LIST),
                            0, 0, 0, 0, parent_, nullptr, thisModule(), nullptr);
     if (font_)
         SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
@@ -123,27 +123,46 @@ void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     SendMessageW(bar_, TB_SETBITMAPSIZE, 0, MAKELPARAM(look_.imageSize, look_.imageSize));
     SendMessageW(bar_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images_));
     SendMessageW(bar_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabledImages_));
-    const int padding = scaled(Padding, look_.dpi);
-    SendMessageW(bar_, TB_SETPADDING, 0, MAKELPARAM(padding, padding));
-    SendMessageW(bar_, TB_SETMAXTEXTROWS, look_.captions ? 1 : 0, 0);
+    setSizes();
     addButtons(toolbar);
+}
+
+/// Without captions the texts are there all the same, as the buttons' names.
+void CommandToolbar::setSizes() const {
+    const int padding = scaled(Padding, look_.dpi);
+    SendMessageW(bar_, TB_SETPADDING, 0, MAKELPARAM(2 * padding, padding));
+    if (look_.captions)
+        return;
+    const int side = look_.imageSize + 2 * padding;
+    SendMessageW(bar_, TB_SETEXTENDEDSTYLE, TBSTYLE_EX_MIXEDBUTTONS, TBSTYLE_EX_MIXEDBUTTONS);
+    SendMessageW(bar_, TB_SETBUTTONSIZE, 0, MAKELPARAM(side, side));
 }
 
 void CommandToolbar::addButtons(const Toolbar& toolbar) const {
     for (size_t i = 0; i < toolbar.Buttons.size(); ++i) {
         const ToolButton& button = toolbar.Buttons[i];
         const bool separator = button.Style == ButtonStyle::Separator;
-        // Shown or not, the text is the button's name.
         const std::wstring text = toWide(button.Description);
         TBBUTTON entry{};
         entry.iBitmap = separator ? scaled(Padding, look_.dpi) : static_cast<int>(i);
         entry.idCommand = commandOf(i);
         entry.fsState = stateOf(button);
-        entry.fsStyle =
-            static_cast<BYTE>(styleOf(button.Style) | (separator ? 0 : BTNS_AUTOSIZE | BTNS_NOPREFIX));
+        entry.fsStyle = static_cast<BYTE>(styleOf(button.Style) | (separator ? 0 : BTNS_NOPREFIX));
         entry.iString = separator ? -1 : reinterpret_cast<INT_PTR>(text.c_str());
         SendMessageW(bar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&entry));
+        if (look_.captions && !separator)
+            setWidth(commandOf(i), text);
     }
+}
+
+/// So wide that the caption is read as a whole.
+void CommandToolbar::setWidth(int command, const std::wstring& caption) const {
+    const int wide = std::max<int>(look_.imageSize, textSize(font_, caption).cx);
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_SIZE;
+    info.cx = static_cast<WORD>(wide + 2 * scaled(Padding, look_.dpi));
+    SendMessageW(bar_, TB_SETBUTTONINFOW, static_cast<WPARAM>(command), reinterpret_cast<LPARAM>(&info));
 }
 
 HIMAGELIST CommandToolbar::makeImages(const Toolbar& toolbar, COLORREF colour) const {

@@ -16,13 +16,10 @@ namespace pixmo::com {
 /// otherwise; messages to its parent about it are handed to it.
 class CommandToolbar {
 public:
-    struct Texts {
-        const wchar_t* name; ///< for assistive programs
-        std::function<std::string(const std::string& key)> shortcut;
-    };
     using Run = std::function<void(const std::string& key)>;
 
-    CommandToolbar(HWND parent, Texts texts, Run run);
+    /// The name is for assistive programs.
+    CommandToolbar(HWND parent, const wchar_t* name, Run run);
     ~CommandToolbar();
     CommandToolbar(const CommandToolbar&) = delete;
     CommandToolbar& operator=(const CommandToolbar&) = delete;
@@ -51,13 +48,15 @@ private:
 
     Look lookOf(const Toolbar& toolbar) const;
     void makeWindow(const Toolbar& toolbar);
+    void setSizes() const;
     void addButtons(const Toolbar& toolbar) const;
+    void setWidth(int command, const std::wstring& caption) const;
     HIMAGELIST makeImages(const Toolbar& toolbar, COLORREF colour) const;
     void destroyWindow();
     void showTip(NMTBGETINFOTIPW& tip) const;
 
     HWND parent_;
-    Texts texts_;
+    const wchar_t* name_;
     Run run_;
     std::shared_ptr<CommonControls> controls_ = CommonControls::share();
     HWND bar_ = nullptr;

@@ -36,15 +36,13 @@ std::shared_ptr<FaceWindow> FaceWindow::create(HWND parent, const RECT& place, c
 }
 
 bool FaceWindow::makeChildren() {
-    toolbar_ = std::make_unique<CommandToolbar>(handle(),
-                                                CommandToolbar::Texts{L"Page commands", Commands::shortcutOf},
-                                                [this](const std::string& key) {
-                                                    const auto control = control_;
-                                                    control->tlbImage_ButtonClick(key);
-                                                    // The system shows a button of a group pressed by itself.
-                                                    if (handle())
-                                                        mirror();
-                                                });
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Page commands", [this](const std::string& key) {
+        const auto control = control_;
+        control->tlbImage_ButtonClick(key);
+        // The system shows a button of a group pressed by itself.
+        if (handle())
+            mirror();
+    });
     page_ = PageWindow::create(handle(), control_);
     debug_ = std::make_unique<DebugPane>(handle(), control_);
     status_ = std::make_unique<StatusRow>(handle());

@@ -68,6 +68,7 @@ bool ModalDialog::open(HWND owner) {
     }
     if (!handle_)
         return false;
+    icons_.giveTo(handle_);
     centreOver(owner);
     ShowWindow(handle_, SW_SHOW);
     return true;

@@ -3,6 +3,7 @@
 #include "faces/com/face/facelink.h"
 #include "faces/com/windows/commoncontrols.h"
 #include "faces/com/windows/dialogtemplate.h"
+#include "faces/com/windows/programicon.h"
 
 #include <memory>
 #include <optional>
@@ -61,6 +62,7 @@ private:
 
     DialogTemplate layout_;
     std::shared_ptr<CommonControls> controls_ = CommonControls::share();
+    WindowIcons icons_;
     HWND handle_ = nullptr;
     int result_ = IDCANCEL;
     bool closed_ = false;

@@ -4,6 +4,8 @@
 
 #include <array>
 #include <commdlg.h>
+#include <shlobj.h>
+#include <string>
 
 namespace pixmo::com {
 
@@ -13,12 +15,21 @@ constexpr size_t MostCharacters = 1024;
 /// By format, in its order.
 constexpr wchar_t Filters[] = L"TIFF picture (*.tif, *.tiff)\0*.tif;*.tiff\0PNG picture (*.png)\0*.png\0";
 
+/// Where the user keeps documents, when nothing else is known.
+std::wstring usualFolder(const dlgSavePage& dialog) {
+    if (!dialog.folder().empty())
+        return toWide(dialog.folder());
+    std::array<wchar_t, MAX_PATH> documents{};
+    SHGetFolderPathW(nullptr, CSIDL_PERSONAL, nullptr, SHGFP_TYPE_CURRENT, documents.data());
+    return documents.data();
+}
+
 } // namespace
 
 std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, HWND owner) {
     std::array<wchar_t, MostCharacters> file{};
     lstrcpynW(file.data(), toWide(dialog.suggestedFile()).c_str(), MostCharacters);
-    const std::wstring folder = toWide(dialog.folder());
+    const std::wstring folder = usualFolder(dialog);
     const std::wstring ending = toWide(dialog.ending());
     OPENFILENAMEW ask{};
     ask.lStructSize = sizeof ask;

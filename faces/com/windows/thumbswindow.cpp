@@ -53,11 +53,9 @@ std::shared_ptr<ThumbsWindow> ThumbsWindow::create(HWND owner) {
 }
 
 bool ThumbsWindow::makeChildren() {
-    icon_ = makeProgramIcon(systemMetric(SM_CXSMICON, dpiOf(handle())));
-    SendMessageW(handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
-    toolbar_ = std::make_unique<CommandToolbar>(
-        handle(), CommandToolbar::Texts{L"Thumbnail commands", dlgThumbs::shortcutOf},
-        [this](const std::string& key) { run(key); });
+    icons_.giveTo(handle());
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands",
+                                                [this](const std::string& key) { run(key); });
     view_ = ThumbsView::create(handle());
     if (!view_)
         return false;

@@ -1,0 +1,226 @@
+#include "apps/windows/viewer/viewerwindow.h"
+
+#include "apps/windows/viewer/commands.h"
+#include "core/base/error.h"
+#include "faces/com/base/boundary.h"
+#include "faces/com/base/bstr.h"
+#include "faces/com/control/identifiers.h"
+
+#include <algorithm>
+#include <commctrl.h>
+#include <limits>
+
+namespace pixmo::viewer {
+
+namespace {
+
+constexpr const wchar_t* ClassName = L"PixmoViewer";
+constexpr const wchar_t* Title = L"Pixmo Viewer";
+
+/// At 96 pixels per inch.
+constexpr int Margin = 6;
+constexpr int FieldHeight = 23;
+constexpr int DocumentWidth = 80;
+constexpr int ButtonWidth = 75;
+constexpr int WindowWidth = 900;
+constexpr int WindowHeight = 950;
+
+HWND makeChild(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD style, int id) {
+    const DWORD edge = std::wstring_view(kind) == WC_EDITW ? WS_EX_CLIENTEDGE : 0;
+    return CreateWindowExW(edge, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), GetModuleHandleW(nullptr),
+                           nullptr);
+}
+
+void tell(HWND owner, const Error& error) {
+    MessageBoxW(owner, com::toWide(error.Description).c_str(), Title, MB_OK | MB_ICONEXCLAMATION);
+}
+
+} // namespace
+
+ViewerWindow::ViewerWindow() {
+    WNDCLASSW description{};
+    description.lpfnWndProc = procedure;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    description.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    description.lpszMenuName = MAKEINTRESOURCEW(IDM_VIEWER);
+    description.lpszClassName = ClassName;
+    RegisterClassW(&description);
+    window_ = CreateWindowExW(0, ClassName, Title, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
+                              CW_USEDEFAULT, WindowWidth, WindowHeight, nullptr, nullptr,
+                              description.hInstance, this);
+    if (!window_)
+        throw com::errorOf(HRESULT_FROM_WIN32(::GetLastError()));
+    makeFields();
+    placeControl();
+}
+
+ViewerWindow::~ViewerWindow() {
+    events_.disconnect();
+    control_.reset();
+    if (window_)
+        DestroyWindow(window_);
+    DeleteObject(font_);
+    UnregisterClassW(ClassName, GetModuleHandleW(nullptr));
+}
+
+void ViewerWindow::makeFields() {
+    address_ = makeChild(window_, WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL, ID_ADDRESS);
+    document_ = makeChild(window_, WC_EDITW, L"", WS_TABSTOP | ES_NUMBER, ID_DOCUMENT);
+    openButton_ = makeChild(window_, WC_BUTTONW, L"&Open", WS_TABSTOP | BS_DEFPUSHBUTTON, IDM_OPEN);
+    status_ = makeChild(window_, STATUSCLASSNAMEW, L"No document", SBARS_SIZEGRIP, ID_STATUS);
+    SendMessageW(address_, EM_SETCUEBANNER, TRUE,
+                 reinterpret_cast<LPARAM>(L"Address of the imaging server's page"));
+    SendMessageW(document_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(L"Document"));
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    font_ = CreateFontIndirectW(&metrics.lfMessageFont);
+    for (const HWND child : {address_, document_, openButton_})
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+}
+
+/// The manifests of program and control tell the system where the class is; nothing needs to be registered.
+void ViewerWindow::placeControl() {
+    com::ComPtr<IUnknown> made;
+    com::check(
+        CoCreateInstance(CLSID_ImageView, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.receiveAny()));
+    control_ = std::make_unique<form::PlacedControl>(window_);
+    control_->put(made, controlPlace());
+    events_.connect(control_->as<IConnectionPointContainer>(),
+                    [this](int document, int page) { pageChanged(document, page); });
+    const auto view = control_->as<IImageView>();
+    view->put_ThumbsAvailable(VARIANT_TRUE);
+    layOut();
+}
+
+RECT ViewerWindow::controlPlace() const {
+    RECT area{};
+    RECT status{};
+    GetClientRect(window_, &area);
+    GetWindowRect(status_, &status);
+    area.top = FieldHeight + 2 * Margin;
+    area.bottom = std::max(area.top, area.bottom - (status.bottom - status.top));
+    return area;
+}
+
+void ViewerWindow::layOut() {
+    SendMessageW(status_, WM_SIZE, 0, 0);
+    RECT area{};
+    GetClientRect(window_, &area);
+    const int button = static_cast<int>(area.right) - Margin - ButtonWidth;
+    const int document = button - Margin - DocumentWidth;
+    MoveWindow(address_, Margin, Margin, std::max(0, document - 2 * Margin), FieldHeight, TRUE);
+    MoveWindow(document_, document, Margin, DocumentWidth, FieldHeight, TRUE);
+    MoveWindow(openButton_, button, Margin, ButtonWidth, FieldHeight, TRUE);
+    if (control_)
+        control_->move(controlPlace());
+}
+
+void ViewerWindow::setAddress(const std::wstring& address) {
+    SetWindowTextW(address_, address.c_str());
+}
+
+void ViewerWindow::open(int document, int page) {
+    SetDlgItemInt(window_, ID_DOCUMENT, static_cast<UINT>(document), FALSE);
+    const auto view = control_->as<IImageView>();
+    const com::Bstr address{std::wstring_view(textOf(address_))};
+    constexpr int last = std::numeric_limits<SHORT>::max();
+    com::check(view->put_EngineAddress(address.get()));
+    com::check(view->LoadDocumentByDocID(document, static_cast<SHORT>(std::clamp(page, 1, last))));
+}
+
+void ViewerWindow::openTyped() {
+    open(static_cast<int>(GetDlgItemInt(window_, ID_DOCUMENT, nullptr, FALSE)), 1);
+    control_->focus();
+}
+
+std::wstring ViewerWindow::textOf(HWND field) const {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(field)), L'\0');
+    GetWindowTextW(field, text.data(), static_cast<int>(text.size() + 1));
+    return text;
+}
+
+void ViewerWindow::pageChanged(int document, int page) {
+    shownDocument_ = document;
+    const std::wstring text =
+        document == 0 ? L"No document"
+                      : L"Document " + std::to_wstring(document) + L", page " + std::to_wstring(page);
+    SetWindowTextW(status_, text.c_str());
+}
+
+void ViewerWindow::command(int id) {
+    const auto view = control_ ? control_->as<IImageView>() : com::ComPtr<IImageView>();
+    if (!view)
+        return;
+    SHORT page = 0;
+    view->get_Page(&page);
+    switch (id) {
+    case IDM_OPEN:
+        return openTyped();
+    case IDM_CLOSE:
+        return com::check(view->Clear());
+    case IDM_NEXT:
+        return com::check(view->put_Page(static_cast<SHORT>(page + 1)));
+    case IDM_PREVIOUS:
+        return com::check(view->put_Page(static_cast<SHORT>(page - 1)));
+    case IDM_REFRESH:
+        return com::check(view->Refresh());
+    case IDM_ABOUT:
+        return com::check(view->AboutBox());
+    case IDM_PROPERTIES:
+        return com::check(
+            control_->as<IOleObject>()->DoVerb(OLEIVERB_PROPERTIES, nullptr, nullptr, 0, window_, nullptr));
+    case IDM_EXIT:
+        PostMessageW(window_, WM_CLOSE, 0, 0);
+        return;
+    default:
+        return;
+    }
+}
+
+bool ViewerWindow::translate(MSG& message) {
+    return (control_ && control_->translate(message)) || IsDialogMessageW(window_, &message);
+}
+
+LRESULT CALLBACK ViewerWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_NCCREATE)
+        SetWindowLongPtrW(
+            window, GWLP_USERDATA,
+            reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(second)->lpCreateParams));
+    auto* const self = reinterpret_cast<ViewerWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (!self || !self->window_)
+        return DefWindowProcW(window, message, first, second);
+    try {
+        return self->handle(message, first, second);
+    } catch (...) {
+        tell(window, currentError());
+        return 0;
+    }
+}
+
+LRESULT ViewerWindow::handle(UINT message, WPARAM first, LPARAM second) {
+    switch (message) {
+    case WM_SIZE:
+        layOut();
+        return 0;
+    case WM_COMMAND:
+        if (second == 0 || HIWORD(first) == BN_CLICKED)
+            command(LOWORD(first));
+        return 0;
+    case WM_CLOSE:
+        events_.disconnect();
+        control_.reset();
+        DestroyWindow(window_);
+        return 0;
+    case WM_DESTROY:
+        window_ = nullptr;
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return DefWindowProcW(window_, message, first, second);
+    }
+}
+
+} // namespace pixmo::viewer

@@ -1,0 +1,4 @@
+Dim view
+Set view = CreateObject("VellaneInet2.ImageView")
+
+view.PublicKey = ""

@@ -1,0 +1,39 @@
+' Every kind of property, read and written late bound.
+Option Explicit
+Dim view
+Set view = CreateObject("VellaneInet2.ImageView")
+Host.Check view.FetchDelay = 300, "a number's default"
+Host.Check view.Delimiter = ChrW(&HB7), "the delimiter's default"
+Host.Check view.BackColor = &H8000000F, "a colour's default"
+Host.Check VarType(view.Page) = 2, "16-bit numbers are Integers"
+Host.Check VarType(view.DocID) = 3, "32-bit numbers are Longs"
+Host.Check VarType(view.Enabled) = 11, "Booleans"
+Host.Check VarType(view.PrintFee) = 8, "texts"
+Host.Check view.MachineName <> "" And view.UserLogin <> "", "who is at which machine"
+
+view.PrintCaption = "Caption"
+view.PrintPageNums = False
+view.EncBytes = "64"
+view.delimiter = "  |;"
+Host.Check view.PrintCaption = "Caption", "text"
+Host.Check view.PrintPageNums = False, "Boolean"
+Host.Check view.EncBytes = 64, "a number given as text"
+Host.Check view.Delimiter = "|", "the first character that is no blank"
+view.Font.Size = 14
+Host.Check view.Font.Size = 14, "the font's own properties"
+
+On Error Resume Next
+view.PublicKey = ""
+Host.Check Err.Number = 380, "an empty key is refused: " & Err.Number
+Host.Check Err.Source = "VellaneInet.ImageView.PublicKey", "the source names the property: " & Err.Source
+Host.Check Err.Description = "Invalid property value", Err.Description
+Err.Clear
+view.FetchDelay = "soon"
+Host.Check Err.Number = 13, "a type mismatch: " & Err.Number
+Err.Clear
+view.PrintCapFontSize = 100000
+Host.Check Err.Number = 6, "an overflow: " & Err.Number
+Err.Clear
+view.NoSuchThing = 1
+Host.Check Err.Number = 438, "an unknown name: " & Err.Number
+Host.Check view.FetchDelay = 300, "a refused value changes nothing"

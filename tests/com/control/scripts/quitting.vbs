@@ -1,0 +1,3 @@
+Host.Echo "before"
+Host.Quit 7
+Host.Echo "after"

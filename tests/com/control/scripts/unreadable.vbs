@@ -1,0 +1,2 @@
+Dim a
+If a Then Then

@@ -1,0 +1,86 @@
+#include "tests/com/face/facehostwindow.h"
+
+namespace pixmo::com {
+
+namespace {
+
+constexpr DWORD LongestWait = 30'000; ///< milliseconds
+constexpr DWORD Slice = 20;
+
+} // namespace
+
+std::shared_ptr<FaceHostWindow> FaceHostWindow::create(SIZE inside, const wchar_t* title) {
+    auto host = std::make_shared<FaceHostWindow>();
+    host->framed_ = title != nullptr;
+    const DWORD style = title ? WS_OVERLAPPEDWINDOW : WS_POPUP;
+    RECT place = {0, 0, inside.cx, inside.cy};
+    AdjustWindowRect(&place, style, FALSE);
+    OffsetRect(&place, 20 - place.left, 20 - place.top);
+    if (!host->make({L"Pixmo.TestHost"},
+                    {nullptr, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, place, title ? title : L""}))
+        return nullptr;
+    host->face_ = std::make_unique<ControlFace>(*host);
+    host->control().UserControl_InitProperties();
+    host->face_->createWindow(host->handle(), {0, 0, inside.cx, inside.cy});
+    host->face_->show(true);
+    ShowWindow(host->handle(), SW_SHOW);
+    SetForegroundWindow(host->handle());
+    host->face_->takeFocus();
+    return host;
+}
+
+FaceHostWindow::~FaceHostWindow() {
+    face_.reset();
+}
+
+void FaceHostWindow::resizeInside(SIZE inside) const {
+    RECT place = {0, 0, inside.cx, inside.cy};
+    AdjustWindowRect(&place, static_cast<DWORD>(GetWindowLongPtrW(handle(), GWL_STYLE)), FALSE);
+    SetWindowPos(handle(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
+                 SWP_NOMOVE | SWP_NOZORDER);
+}
+
+std::optional<LRESULT> FaceHostWindow::onMessage(UINT message, WPARAM, LPARAM lParam) {
+    switch (message) {
+    case WM_SIZE:
+        if (face_) {
+            const RECT all = {0, 0, LOWORD(lParam), HIWORD(lParam)};
+            face_->setPlace(all, all);
+        }
+        return 0;
+    case WM_SETFOCUS:
+        if (face_)
+            face_->takeFocus();
+        return 0;
+    case EndFace:
+        face_.reset();
+        return 0;
+    case WM_CLOSE:
+        PostQuitMessage(0);
+        return 0;
+    default:
+        return std::nullopt;
+    }
+}
+
+bool pumpUntil(FaceHostWindow& host, const std::function<bool()>& done) {
+    const ULONGLONG end = GetTickCount64() + LongestWait;
+    while (!done()) {
+        if (GetTickCount64() > end)
+            return false;
+        MSG message{};
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message == WM_QUIT)
+                return false;
+            if (host.translateKey(message))
+                continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        if (!done())
+            MsgWaitForMultipleObjects(0, nullptr, FALSE, Slice, QS_ALLINPUT);
+    }
+    return true;
+}
+
+} // namespace pixmo::com
