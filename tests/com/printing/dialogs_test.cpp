@@ -5,6 +5,7 @@
 #include "tests/com/face/facetest.h"
 #include "tests/com/printing/testprinter.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 
 namespace pixmo::com {
@@ -24,7 +25,7 @@ protected:
         user::act(
             *host,
             [&] {
-                ASSERT_TRUE(user::sees([] { return dialog() != nullptr; }));
+                ASSERT_TRUE(user::sees([] { return dialog() && GetForegroundWindow() == dialog(); }));
                 deeds();
             },
             [this] { control->runCommand("PRINT"); });
@@ -34,7 +35,22 @@ protected:
     static HWND dialog() { return user::findWindow(L"#32770", L"Print Document"); }
     /// The dialog's control with that caption.
     static HWND find(const wchar_t* caption) { return FindWindowExW(dialog(), nullptr, nullptr, caption); }
-    static void click(const wchar_t* caption) { user::click(user::middleOf(find(caption))); }
+    /// Where the window manager puts a new window is not settled at once: buttons are pressed wherever they
+    /// are.
+    static void click(const wchar_t* caption) { PostMessageW(find(caption), BM_CLICK, 0, 0); }
+    static void focus(HWND control) {
+        PostMessageW(dialog(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+        EXPECT_TRUE(user::sees([control] {
+            GUITHREADINFO facts{};
+            facts.cbSize = sizeof facts;
+            return GetGUIThreadInfo(GetWindowThreadProcessId(control, nullptr), &facts) &&
+                   facts.hwndFocus == control;
+        }));
+    }
+    static bool becomesChecked(const wchar_t* caption) {
+        return user::sees(
+            [caption] { return SendMessageW(find(caption), BM_GETCHECK, 0, 0) == BST_CHECKED; });
+    }
     static LONG height() {
         RECT place{};
         GetWindowRect(dialog(), &place);
@@ -85,13 +101,14 @@ TEST_F(ComPrintDialog, TypedPagesAndCopiesArePrinted) {
     SettingsStore().SaveSetting(setting::PrintShowMore.section, setting::PrintShowMore.key, "TRUE");
     print([] {
         const HWND from = FindWindowExW(dialog(), nullptr, L"Edit", nullptr);
-        user::click(user::middleOf(from));
+        focus(from);
         user::type(L"4");
+        EXPECT_TRUE(user::sees([&] { return user::textOf(from) == L"4"; }));
         const HWND to = FindWindowExW(dialog(), from, L"Edit", nullptr);
-        user::click(user::middleOf(to));
+        focus(to);
         user::type(L"2");
-        EXPECT_TRUE(user::sees([] { return SendMessageW(find(L"Page"), BM_GETCHECK, 0, 0) == BST_CHECKED; }))
-            << "who types a page means the range";
+        EXPECT_TRUE(user::sees([&] { return user::textOf(to) == L"2"; }));
+        EXPECT_TRUE(becomesChecked(L"Page")) << "who types a page means the range";
         user::press('P', 4);
     });
     EXPECT_EQ(pagesPrinted(), 3U);
@@ -104,8 +121,10 @@ TEST_F(ComPrintDialog, SelectedPagesComeFromTheList) {
         const HWND list = FindWindowExW(dialog(), nullptr, L"ListBox", nullptr);
         EXPECT_TRUE(user::sees([&] { return IsWindowVisible(list) != 0; }));
         EXPECT_EQ(SendMessageW(list, LB_GETCOUNT, 0, 0), sample::ManyPagesCount);
-        user::click(user::middleOf(list));
+        focus(list);
+        user::press(VK_HOME);
         user::press(VK_DOWN, 1);
+        EXPECT_TRUE(user::sees([&] { return SendMessageW(list, LB_GETSELCOUNT, 0, 0) == 2; }));
         click(L"&Print");
     });
     EXPECT_EQ(pagesPrinted(), 2U);
@@ -113,13 +132,19 @@ TEST_F(ComPrintDialog, SelectedPagesComeFromTheList) {
 
 TEST_F(ComPrintDialog, TheCurrentViewAsksForTheCurrentPage) {
     SettingsStore().SaveSetting(setting::PrintShowMore.section, setting::PrintShowMore.key, "TRUE");
-    MessageBox::setStandIn([](const std::string&, Buttons, Icon) { return Answer::Cancel; });
+    static std::atomic<int> asked;
+    asked = 0;
+    MessageBox::setStandIn([](const std::string&, Buttons, Icon) {
+        ++asked;
+        return Answer::Cancel;
+    });
     print([] {
         click(L"&All Pages");
+        EXPECT_TRUE(becomesChecked(L"&All Pages"));
         click(L"Print &Current View Only");
-        EXPECT_TRUE(
-            user::sees([] { return SendMessageW(find(L"&Fit to Page"), BM_GETCHECK, 0, 0) == BST_CHECKED; }));
-        EXPECT_EQ(SendMessageW(find(L"&All Pages"), BM_GETCHECK, 0, 0), BST_CHECKED);
+        EXPECT_TRUE(user::sees([] { return asked == 1; }));
+        EXPECT_TRUE(becomesChecked(L"&Fit to Page"));
+        EXPECT_TRUE(becomesChecked(L"&All Pages"));
         user::press(VK_ESCAPE);
     });
     MessageBox::setStandIn({});
@@ -128,9 +153,9 @@ TEST_F(ComPrintDialog, TheCurrentViewAsksForTheCurrentPage) {
 TEST_F(ComPrintDialog, PrintersAreTheSystemsDialog) {
     print([] {
         click(L"P&rinters...");
-        EXPECT_TRUE(user::sees([] { return user::findWindow(L"#32770", L"Print") != nullptr; }));
+        EXPECT_TRUE(user::sees([] { return user::findWindow(L"#32770", L"Print Setup") != nullptr; }));
         EXPECT_FALSE(IsWindowEnabled(dialog()));
-        SendMessageW(user::findWindow(L"#32770", L"Print"), WM_COMMAND, IDOK, 0);
+        SendMessageW(user::findWindow(L"#32770", L"Print Setup"), WM_COMMAND, IDOK, 0);
         EXPECT_TRUE(user::sees([] { return IsWindowEnabled(dialog()) != 0; }));
         user::press(VK_ESCAPE);
     });
