@@ -75,8 +75,13 @@ void PrintDialog::addButtons() {
     layout().addButton(L"More Options", CmdOptions, {199, 22, 54, 14});
 }
 
+/// What lies in a frame, and between, is painted by the window beneath.
+void PrintDialog::addFrame(const wchar_t* caption, WORD id, const DialogTemplate::Place& place) {
+    layout().add(L"BUTTON", caption, id, place, BS_GROUPBOX | WS_GROUP, WS_EX_TRANSPARENT);
+}
+
 void PrintDialog::addRange() {
-    layout().add(L"BUTTON", L"Page Range", FrameRange, {7, 42, 120, 153}, BS_GROUPBOX);
+    addFrame(L"Page Range", FrameRange, {7, 42, 120, 153});
     layout().add(L"BUTTON", L"&All Pages", rangeOption(AllPages), {15, 54, 104, 10},
                  OptionStyle | WS_GROUP | WS_TABSTOP);
     layout().add(L"BUTTON", L"C&urrent Page", rangeOption(CurrentPage), {15, 67, 104, 10}, OptionStyle);
@@ -92,7 +97,7 @@ void PrintDialog::addRange() {
 }
 
 void PrintDialog::addSize() {
-    layout().add(L"BUTTON", L"Print Size", FrameSize, {133, 42, 120, 54}, BS_GROUPBOX | WS_GROUP);
+    addFrame(L"Print Size", FrameSize, {133, 42, 120, 54});
     layout().add(L"BUTTON", L"&Fit to Page", sizeOption(FitToPage), {141, 54, 108, 10},
                  OptionStyle | WS_GROUP | WS_TABSTOP);
     layout().add(L"BUTTON", L"Print Full &Size (100%)", sizeOption(FullSize), {141, 67, 108, 10},
@@ -102,7 +107,7 @@ void PrintDialog::addSize() {
 }
 
 void PrintDialog::addCopies() {
-    layout().add(L"BUTTON", L"Copies", FrameCopies, {133, 100, 120, 32}, BS_GROUPBOX | WS_GROUP);
+    addFrame(L"Copies", FrameCopies, {133, 100, 120, 32});
     layout().addEdit(TxtPrntCopies, {141, 112, 44, 13}, ES_AUTOHSCROLL | ES_NUMBER | WS_GROUP);
     layout().add(UPDOWN_CLASSW, {}, HscPrntCopies, {185, 112, 10, 13},
                  UDS_SETBUDDYINT | UDS_AUTOBUDDY | UDS_ALIGNRIGHT | UDS_ARROWKEYS | UDS_NOTHOUSANDS);

@@ -19,6 +19,7 @@ protected:
 
 private:
     void addButtons();
+    void addFrame(const wchar_t* caption, WORD id, const DialogTemplate::Place& place);
     void addRange();
     void addSize();
     void addCopies();
