@@ -42,7 +42,7 @@ checkHeaders() {
         read -r -a flags <<<"$flags"
         compile+=("${flags[@]}")
     else
-        without+=(faces/qt apps/pixmo tests/qt)
+        without+=(faces/qt apps/pixmo tests/qt tests/soak bench/view)
     fi
     rm -rf "$objects"
     mkdir -p "$objects"
