@@ -97,7 +97,7 @@ void Commands::setForbidden(std::string_view key, bool forbidden) {
 }
 
 bool Commands::isForbidden(std::string_view key) const {
-    return forbidden_.contains(key);
+    return forbidden_.contains(key) || (key == "SAVEPAGE" && !parts_.ports.container->mayWriteFiles());
 }
 
 bool Commands::isOffered(std::string_view key) const {

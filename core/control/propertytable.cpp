@@ -79,6 +79,8 @@ bool letLogFileName(ImageView& view, const PropertyValue& value) {
     const auto& name = std::get<std::string>(value);
     if (name.empty())
         view.parts().log.StopLogging();
+    else if (!view.parts().ports.container->mayWriteFiles())
+        throw Error(error_number::PathFileAccess, "No log is written: the host allows no files.");
     else
         view.parts().log.StartLogging(name, log_mode::ToFile);
     return letMember<&PropertyValues::LogFileName>(view, value);

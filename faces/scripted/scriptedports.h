@@ -161,9 +161,11 @@ public:
     Colour ambientBackColor() const override { return backColor; }
     Font ambientFont() const override { return {}; }
     void startProgram(const std::string& commandLine) override { programs.push_back(commandLine); }
+    bool mayWriteFiles() const override { return filesAllowed; }
     void PropertyChanged(const std::string& name) override { changed.push_back(name); }
 
     bool inUserMode = true;
+    bool filesAllowed = true;
     Colour backColor{0x00FFFFFF};
     std::vector<std::string> programs;
     std::vector<std::string> changed;

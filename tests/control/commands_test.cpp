@@ -171,6 +171,9 @@ TEST_F(CommandsTest, InformationCopyAndSave) {
     view().runCommand("SAVEPAGE");
     EXPECT_THAT(control.pageWriter->written, ElementsAre("x.tif 3300x2550"));
     EXPECT_EQ(control.dialogs->shown.back(), "save: document 5 page 2");
+    control.container->filesAllowed = false;
+    EXPECT_FALSE(view().commands().isOffered("SAVEPAGE"));
+    EXPECT_FALSE(view().commands().isEnabled("SAVEPAGE"));
 }
 
 TEST_F(CommandsTest, PlacesOfPagesAreKeptWithinTheDocument) {

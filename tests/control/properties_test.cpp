@@ -41,6 +41,18 @@ TEST(Properties, AreReadAndWrittenInOrder) {
     EXPECT_EQ(control.view->property("Delimiter"), PropertyValue(std::string("\u00B7")));
 }
 
+// The log is the process's; what a form keeps of one control must not name another's file.
+TEST(Properties, TheNameOfTheLogIsEachControlsOwn) {
+    ScriptedControl first;
+    ScriptedControl second;
+    const std::string path = (first.scratch->path() / "own.log").string();
+    first.view->setProperty("LogFileName", path);
+    EXPECT_EQ(first.view->property("LogFileName"), PropertyValue(path));
+    EXPECT_EQ(second.view->property("LogFileName"), PropertyValue(std::string()));
+    first.view->setProperty("LogFileName", std::string());
+    EXPECT_EQ(first.view->property("LogFileName"), PropertyValue(std::string()));
+}
+
 TEST(Properties, ComeBackAsTheyWereSaved) {
     ScriptedControl control;
     scripted::PropertyBag bag;
@@ -72,6 +84,21 @@ TEST(Properties, ComeBackAsTheyWereSaved) {
     EXPECT_EQ(other.view->property("PublicKey"), PropertyValue(std::string("OrrelKeyset qFlow")));
     EXPECT_EQ(other.view->property("EncBytes"), PropertyValue(int32_t{12}));
     EXPECT_TRUE(other.messageBox->questions.empty());
+}
+
+TEST(Properties, NoLogWhereTheHostAllowsNoFiles) {
+    ScriptedControl control;
+    control.container->filesAllowed = false;
+    const auto path = control.scratch->path() / "x.log";
+    try {
+        control.view->setProperty("LogFileName", path.string());
+        ADD_FAILURE() << "a log was begun";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number, error_number::PathFileAccess);
+    }
+    control.open(1001, 1, 2);
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_NO_THROW(control.view->setProperty("LogFileName", std::string()));
 }
 
 TEST(Properties, AnnounceTheirChanges) {

@@ -22,6 +22,10 @@ Font Container::ambientFont() const {
     return link_->host() ? link_->host()->ambientFont() : Font();
 }
 
+bool Container::mayWriteFiles() const {
+    return link_->host() && link_->host()->mayWriteFiles();
+}
+
 void Container::startProgram(const std::string& commandLine) {
     std::wstring command = toWide(commandLine);
     STARTUPINFOW startup{};

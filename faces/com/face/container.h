@@ -14,6 +14,7 @@ public:
     Colour ambientBackColor() const override;
     Font ambientFont() const override;
     void startProgram(const std::string& commandLine) override;
+    bool mayWriteFiles() const override;
     void PropertyChanged(const std::string& name) override;
 
 private:

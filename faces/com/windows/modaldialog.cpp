@@ -68,8 +68,7 @@ bool ModalDialog::open(HWND owner) {
     }
     if (!handle_)
         return false;
-    icon_ = makeProgramIcon(systemMetric(SM_CXSMICON, dpi()));
-    SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
+    icons_.giveTo(handle_);
     centreOver(owner);
     ShowWindow(handle_, SW_SHOW);
     return true;

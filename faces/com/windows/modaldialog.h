@@ -62,7 +62,7 @@ private:
 
     DialogTemplate layout_;
     std::shared_ptr<CommonControls> controls_ = CommonControls::share();
-    IconHandle icon_;
+    WindowIcons icons_;
     HWND handle_ = nullptr;
     int result_ = IDCANCEL;
     bool closed_ = false;

@@ -1,6 +1,7 @@
 #include "faces/com/windows/programicon.h"
 
 #include "core/drawing/programpicture.h"
+#include "faces/com/windows/dpi.h"
 #include "faces/com/windows/pixelbuffer.h"
 
 #include <algorithm>
@@ -38,6 +39,14 @@ IconHandle makeProgramIcon(int size) {
     icon.hbmColor = colours.get();
     icon.hbmMask = mask.get();
     return IconHandle(CreateIconIndirect(&icon));
+}
+
+void WindowIcons::giveTo(HWND window) {
+    const int dpi = dpiOf(window);
+    small_ = makeProgramIcon(systemMetric(SM_CXSMICON, dpi));
+    large_ = makeProgramIcon(systemMetric(SM_CXICON, dpi));
+    SendMessageW(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small_.get()));
+    SendMessageW(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large_.get()));
 }
 
 } // namespace pixmo::com

@@ -53,8 +53,7 @@ std::shared_ptr<ThumbsWindow> ThumbsWindow::create(HWND owner) {
 }
 
 bool ThumbsWindow::makeChildren() {
-    icon_ = makeProgramIcon(systemMetric(SM_CXSMICON, dpiOf(handle())));
-    SendMessageW(handle(), WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon_.get()));
+    icons_.giveTo(handle());
     toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands",
                                                 [this](const std::string& key) { run(key); });
     view_ = ThumbsView::create(handle());

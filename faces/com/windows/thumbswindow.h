@@ -39,7 +39,7 @@ private:
     std::weak_ptr<dlgThumbs> thumbs_;
     std::unique_ptr<CommandToolbar> toolbar_;
     std::shared_ptr<ThumbsView> view_;
-    IconHandle icon_;
+    WindowIcons icons_;
 };
 
 } // namespace pixmo::com
