@@ -52,6 +52,9 @@ std::optional<LRESULT> FaceHostWindow::onMessage(UINT message, WPARAM, LPARAM lP
         if (face_)
             face_->takeFocus();
         return 0;
+    case EndFace:
+        face_.reset();
+        return 0;
     case WM_CLOSE:
         PostQuitMessage(0);
         return 0;
@@ -69,7 +72,7 @@ bool pumpUntil(FaceHostWindow& host, const std::function<bool()>& done) {
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             if (message.message == WM_QUIT)
                 return false;
-            if (host.face().translateKey(message))
+            if (host.translateKey(message))
                 continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
