@@ -53,14 +53,6 @@ DeviceMode::DeviceMode(const DEVMODEW& mode) {
     bytes_.assign(bytes, bytes + mode.dmSize + mode.dmDriverExtra);
 }
 
-/// The driver brings its own part in step with what has been set.
-bool DeviceMode::merge(const std::wstring& printer) {
-    const PrinterHandle handle = openPrinter(printer);
-    std::wstring name = printer;
-    return handle && DocumentPropertiesW(nullptr, handle.get(), name.data(), data(), data(),
-                                         DM_IN_BUFFER | DM_OUT_BUFFER) == IDOK;
-}
-
 bool DeviceMode::setPaperSize(const std::wstring& printer, int32_t code) {
     const std::vector<WORD> papers = papersOf(printer);
     if (empty() || std::find(papers.begin(), papers.end(), code) == papers.end())
@@ -69,7 +61,7 @@ bool DeviceMode::setPaperSize(const std::wstring& printer, int32_t code) {
     mode.dmPaperSize = static_cast<short>(code);
     mode.dmFields |= DM_PAPERSIZE;
     mode.dmFields &= ~static_cast<DWORD>(DM_PAPERLENGTH | DM_PAPERWIDTH | DM_FORMNAME);
-    return merge(printer);
+    return true;
 }
 
 bool DeviceMode::setCopies(const std::wstring& printer, int32_t copies) {
@@ -79,7 +71,7 @@ bool DeviceMode::setCopies(const std::wstring& printer, int32_t copies) {
         return false;
     data()->dmCopies = static_cast<short>(copies);
     data()->dmFields |= DM_COPIES;
-    return merge(printer);
+    return true;
 }
 
 } // namespace pixmo::com

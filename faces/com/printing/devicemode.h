@@ -23,13 +23,11 @@ public:
     }
     size_t size() const { return bytes_.size(); }
 
-    /// Where the driver has a word in it, both are its own decision. False: it stays as it was.
+    /// False: the printer does not know it, and all stays as it was.
     bool setPaperSize(const std::wstring& printer, int32_t code);
     bool setCopies(const std::wstring& printer, int32_t copies);
 
 private:
-    bool merge(const std::wstring& printer);
-
     std::vector<uint8_t> bytes_;
 };
 

@@ -31,7 +31,7 @@ std::string systemText(DWORD number) {
 
 PrinterDevice::PrinterDevice(std::wstring printer, DeviceMode mode)
     : printer_(std::move(printer)), mode_(std::move(mode)),
-      dc_(CreateDCW(nullptr, printer_.c_str(), nullptr, mode_.data())) {
+      dc_(CreateDCW(L"WINSPOOL", printer_.c_str(), nullptr, mode_.data())) {
     prepare();
 }
 
@@ -108,6 +108,8 @@ int32_t PrinterDevice::StartDoc(const std::string& name) {
 
 // Some drivers forget at each page how they are to draw.
 int32_t PrinterDevice::StartPage() {
+    if (!inDocument_)
+        return spool::Error;
     SetLastError(0);
     const int32_t result = noted(::StartPage(dc_));
     prepare();
@@ -115,13 +117,16 @@ int32_t PrinterDevice::StartPage() {
 }
 
 int32_t PrinterDevice::EndPage() {
+    if (!inDocument_)
+        return spool::Error;
     SetLastError(0);
     return noted(::EndPage(dc_));
 }
 
 int32_t PrinterDevice::EndDoc() {
+    if (!std::exchange(inDocument_, false))
+        return spool::Error;
     SetLastError(0);
-    inDocument_ = false;
     return noted(::EndDoc(dc_));
 }
 
