@@ -114,6 +114,19 @@ TEST_F(CommandsTest, TheMapOfKeys) {
     EXPECT_EQ(view().txtPage(), "Page 1 of 5");
 }
 
+TEST_F(CommandsTest, AFaceCanAskWhetherAKeyMeansSomething) {
+    open();
+    const auto expectSame = [this] {
+        for (int16_t shift = 0; shift < 8; ++shift)
+            for (int16_t key = 1; key < 256; ++key)
+                EXPECT_EQ(view().commands().isKey(key, shift), press(key, shift)) << key << " " << shift;
+    };
+    expectSame();
+    view().commands().setForbidden("FITHEIGHT", true);
+    EXPECT_FALSE(view().commands().isKey('H', 3));
+    expectSame();
+}
+
 TEST_F(CommandsTest, TheHostHearsOfKeysAfterTheControl) {
     open();
     std::string seen;
