@@ -83,7 +83,7 @@ bool letLogFileName(ImageView& view, const PropertyValue& value) {
         throw Error(error_number::PathFileAccess, "No log is written: the host allows no files.");
     else
         view.parts().log.StartLogging(name, log_mode::ToFile);
-    return true;
+    return letMember<&PropertyValues::LogFileName>(view, value);
 }
 
 bool letDocID(ImageView& view, const PropertyValue& value) {
@@ -114,8 +114,7 @@ std::vector<PropertyRow> makePersistedRows() {
         stored<&V::Enabled>("Enabled", "Enabled", true),
         stored<&V::Font>("Font", "Font", Font{}),
         stored<&V::EngineAddress>("EngineAddress", "EngineAddress", ""),
-        {"LogFileName", "LogFileName", std::string(),
-         [](const ImageView& view) -> PropertyValue { return view.parts().log.LogPath(); }, letLogFileName,
+        {"LogFileName", "LogFileName", std::string(), getMember<&V::LogFileName>, letLogFileName,
          "LogFileName"},
         {"FetchDelay", "FetchDelay", int32_t{300},
          [](const ImageView& view) -> PropertyValue { return view.session().tmrDelay().interval(); },

@@ -33,6 +33,7 @@ struct PropertyValues {
     int32_t EncBytes = 0;
     std::string PrintCaption;
     std::string EngineAddress;
+    std::string LogFileName; ///< as this control was told; the log itself is shared by all
     int16_t BorderStyle = 0;
     bool BookmarkAvailable = false;
     Colour BackColor;

@@ -63,7 +63,10 @@ void Session::LoadDocumentByDocID(int32_t docID, int16_t pageNum, const std::str
             if (!address.empty())
                 letEngineAddress_(address);
         })
-        .step([&] { return docID == 0 ? Flow::Leave : Flow::GoOn; })
+        .step([&] {
+            // A form that is designed shows no document and asks no server.
+            return docID == 0 || !parts_.ports.container->userMode() ? Flow::Leave : Flow::GoOn;
+        })
         .step([&] {
             state().currentDocument = docID;
             parts_.updateUI();

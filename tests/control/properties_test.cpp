@@ -41,6 +41,18 @@ TEST(Properties, AreReadAndWrittenInOrder) {
     EXPECT_EQ(control.view->property("Delimiter"), PropertyValue(std::string("\u00B7")));
 }
 
+// The log is the process's; what a form keeps of one control must not name another's file.
+TEST(Properties, TheNameOfTheLogIsEachControlsOwn) {
+    ScriptedControl first;
+    ScriptedControl second;
+    const std::string path = (first.scratch->path() / "own.log").string();
+    first.view->setProperty("LogFileName", path);
+    EXPECT_EQ(first.view->property("LogFileName"), PropertyValue(path));
+    EXPECT_EQ(second.view->property("LogFileName"), PropertyValue(std::string()));
+    first.view->setProperty("LogFileName", std::string());
+    EXPECT_EQ(first.view->property("LogFileName"), PropertyValue(std::string()));
+}
+
 TEST(Properties, ComeBackAsTheyWereSaved) {
     ScriptedControl control;
     scripted::PropertyBag bag;

@@ -146,6 +146,13 @@ TEST_F(Session, NumbersOfPages) {
     expectEmpty();
 }
 
+TEST_F(Session, ADesignedFormShowsNoDocument) {
+    control.container->inUserMode = false;
+    control.view->LoadDocumentByDocID(5, 1);
+    EXPECT_EQ(control.view->property("DocID"), PropertyValue(int32_t{0}));
+    EXPECT_TRUE(control.reader->requests.empty());
+}
+
 TEST_F(Session, OnlyTheLastOfQuickPageChangesIsFetched) {
     control.open(5, 1, 12);
     finishPage(5, 1);

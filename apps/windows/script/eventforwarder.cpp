@@ -39,7 +39,7 @@ STDMETHODIMP EventForwarderPart::Invoke(DISPID member, REFIID, LCID, WORD, DISPP
         std::vector<Variant> variables(parameters->cArgs);
         std::vector<VARIANT> arguments(parameters->cArgs);
         for (UINT at = 0; at < parameters->cArgs; ++at) {
-            check(variables[at].assignFrom(parameters->rgvarg[at]));
+            check(variables[at].assignFrom(&parameters->rgvarg[at]));
             arguments[at].vt = VT_BYREF | VT_VARIANT;
             arguments[at].pvarVal = variables[at].get();
         }

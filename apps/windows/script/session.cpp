@@ -27,7 +27,7 @@ const VARIANT& argument(const Arguments& arguments, size_t at) {
 
 Variant converted(const Arguments& arguments, size_t at, VARTYPE type) {
     Variant value;
-    com::check(value.assignFrom(argument(arguments, at)));
+    com::check(value.assignFrom(&argument(arguments, at)));
     com::check(value.convertTo(type));
     return value;
 }
@@ -42,7 +42,7 @@ int32_t numberArgument(const Arguments& arguments, size_t at) {
 
 ComPtr<IUnknown> objectArgument(const Arguments& arguments, size_t at) {
     Variant value;
-    com::check(value.assignFrom(argument(arguments, at)));
+    com::check(value.assignFrom(&argument(arguments, at)));
     if (const auto object = value.object())
         return object;
     throw Error(424, "Object required");

@@ -4,6 +4,9 @@
 #include "faces/com/base/typelibrary.h"
 #include "faces/com/base/variantreferences.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace pixmo::com {
 
 namespace {
@@ -12,25 +15,40 @@ namespace {
 class FunctionDescription {
 public:
     FunctionDescription(ITypeInfo& info, DISPID member, WORD flags) : info_(info) {
-        ComPtr<ITypeInfo2> byMember = ComPtr<ITypeInfo>(&info).as<ITypeInfo2>();
-        UINT index = 0;
-        if (byMember && SUCCEEDED(byMember->GetFuncIndexOfMemId(
-                            member, static_cast<INVOKEKIND>(flags & INVOKE_FUNC), &index)))
-            info_.GetFuncDesc(index, &function_);
+        // The index of a member in a dual interface is not counted alike everywhere: so each is looked at.
+        for (UINT at = 0; SUCCEEDED(info_.GetFuncDesc(at, &function_)); ++at) {
+            if (function_->memid == member && (function_->invkind & flags) != 0)
+                return;
+            release();
+        }
+        function_ = nullptr;
     }
-    ~FunctionDescription() {
-        if (function_)
-            info_.ReleaseFuncDesc(function_);
-    }
+    ~FunctionDescription() { release(); }
     FunctionDescription(const FunctionDescription&) = delete;
     FunctionDescription& operator=(const FunctionDescription&) = delete;
 
     const FUNCDESC* get() const { return function_; }
 
 private:
+    void release() {
+        if (function_)
+            info_.ReleaseFuncDesc(std::exchange(function_, nullptr));
+    }
+
     ITypeInfo& info_;
     FUNCDESC* function_ = nullptr;
 };
+
+bool hasVariables(const DISPPARAMS& parameters) {
+    return std::any_of(parameters.rgvarg, parameters.rgvarg + parameters.cArgs,
+                       [](const VARIANT& argument) { return argument.vt == (VT_BYREF | VT_VARIANT); });
+}
+
+/// Scripts know no unsigned numbers.
+void makeSigned(VARIANT* result) {
+    if (result && result->vt == VT_UI4)
+        result->vt = VT_I4;
+}
 
 } // namespace
 
@@ -57,12 +75,18 @@ HRESULT Dispatcher::invoke(void* target, DISPID member, REFIID reserved, WORD fl
         return E_POINTER;
     // What an earlier call left is none of this one's failures.
     SetErrorInfo(0, nullptr);
-    const FunctionDescription function(*info_.get(), member, flags);
-    VariantReferences references(*parameters, function.get(), wrongArgument);
-    const HRESULT status =
-        info_->Invoke(target, member, flags, references.parameters(), result, exception, wrongArgument);
-    if (SUCCEEDED(status))
-        references.copyBack();
+    HRESULT status = S_OK;
+    if (hasVariables(*parameters)) {
+        const FunctionDescription function(*info_, member, flags);
+        VariantReferences references(*parameters, function.get(), wrongArgument);
+        status =
+            info_->Invoke(target, member, flags, references.parameters(), result, exception, wrongArgument);
+        if (SUCCEEDED(status))
+            references.copyBack();
+    } else {
+        status = info_->Invoke(target, member, flags, parameters, result, exception, wrongArgument);
+    }
+    makeSigned(result);
     return status;
 }
 

@@ -53,9 +53,10 @@ public:
         return &value_;
     }
 
-    /// A copy without references: what a by-reference value refers to.
-    HRESULT assignFrom(const VARIANT& source) {
-        return VariantCopyInd(receive(), const_cast<VARIANT*>(&source));
+    /// A copy without references: what a by-reference value refers to. Hosts may keep theirs anywhere, also
+    /// where the compiler would not.
+    HRESULT assignFrom(const VARIANT* source) {
+        return VariantCopyInd(receive(), const_cast<VARIANT*>(source));
     }
     HRESULT convertTo(VARTYPE type) { return VariantChangeType(&value_, &value_, VARIANT_ALPHABOOL, type); }
 

@@ -37,7 +37,7 @@ VariantReferences::VariantReferences(const DISPPARAMS& given, const FUNCDESC* fu
 void VariantReferences::replace(UINT position, VARTYPE type, UINT* wrongArgument) {
     VARIANT& argument = arguments_[position];
     Typed& typed = typed_.emplace_back(Typed{argument.pvarVal, Variant(), &argument});
-    check(typed.value.assignFrom(*typed.variable));
+    check(typed.value.assignFrom(typed.variable));
     if (FAILED(typed.value.convertTo(type))) {
         if (wrongArgument)
             *wrongArgument = position;

@@ -220,7 +220,7 @@ void PropertyPageWindow::show(IDispatch& object) {
 void PropertyPageWindow::showValue(size_t row, const Variant& value) {
     const HWND field = fields_[row].window;
     Variant shown;
-    check(shown.assignFrom(*value.get()));
+    check(shown.assignFrom(value.get()));
     if (Rows[row].kind == Kind::Check) {
         check(shown.convertTo(VT_BOOL));
         SendMessageW(field, BM_SETCHECK, shown.get()->boolVal ? BST_CHECKED : BST_UNCHECKED, 0);

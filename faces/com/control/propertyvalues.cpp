@@ -51,7 +51,7 @@ std::optional<PropertyValue> toPropertyValue(const Variant& variant) {
     }
     // Numbers of other widths, as text: the control reads it as it reads any text.
     Variant text;
-    if (value.vt == VT_EMPTY || value.vt == VT_NULL || FAILED(text.assignFrom(value)) ||
+    if (value.vt == VT_EMPTY || value.vt == VT_NULL || FAILED(text.assignFrom(&value)) ||
         FAILED(text.convertTo(VT_BSTR)))
         return std::nullopt;
     return textOf(text.get()->bstrVal);

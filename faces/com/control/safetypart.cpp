@@ -22,8 +22,13 @@ STDMETHODIMP SafetyPart::SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD
     // What the control does not know it cannot promise.
     if ((mask & options & ~Safety::Supported) != 0)
         return E_FAIL;
-    context_.safety().tell(mask & Safety::Supported, options);
-    return S_OK;
+    return call("SetInterfaceSafetyOptions", [&] {
+        context_.safety().tell(mask & Safety::Supported, options);
+        // A log that was allowed until now ends.
+        if (context_.isInitialised() && !context_.mayWriteFiles())
+            context_.control()->setProperty("LogFileName", std::string());
+        return S_OK;
+    });
 }
 
 } // namespace pixmo::com

@@ -100,6 +100,18 @@ TEST_F(SafetyRule, aLogAmongAPagesParametersIsNotWritten) {
     EXPECT_FALSE(std::filesystem::exists(log));
 }
 
+TEST_F(SafetyRule, aLogEndsWhenTheHostAsksForSafety) {
+    const auto log = scratchFile("pixmo-ended.log");
+    Container form(library, FormRun);
+    form.initialise();
+    form.put(L"LogFileName", Variant(std::string_view(toUtf8(log.wstring()))));
+    form.as<IObjectSafety>()->SetInterfaceSafetyOptions(IID_IDispatch, Safety::Supported, Safety::Supported);
+    std::filesystem::remove(log);
+    form.as<IImageView>()->clearCache();
+    EXPECT_FALSE(std::filesystem::exists(log));
+    EXPECT_EQ(form.text(L"LogFileName"), "");
+}
+
 // The page's file and the network path would answer; the control must not even ask.
 TEST_F(SafetyRule, localAddressesAreReadOnlyWhereItIsAllowed) {
     const ModalWatcher watcher(ModalWatcher::giveUp); // the control tells its user of the refusal

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <ostream>
 
 namespace pixmo::com::test {
 namespace {
@@ -27,10 +28,14 @@ constexpr ScriptRun Runs[] = {
     {"quitting.vbs", 7, "before"},
 };
 
+void PrintTo(const ScriptRun& run, std::ostream* out) {
+    *out << run.name;
+}
+
 class Scripts : public testing::TestWithParam<ScriptRun> {
 protected:
-    void SetUp() override { ASSERT_EQ(library.install(true, L"user"), S_OK); }
-    void TearDown() override { library.install(false, L"user"); }
+    void SetUp() override { ASSERT_EQ(library.registerServer(), S_OK); }
+    void TearDown() override { library.unregisterServer(); }
 
     Library library;
 };

@@ -14,12 +14,12 @@ namespace {
 class SystemContainer : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_EQ(library.install(true, L"user"), S_OK);
+        ASSERT_EQ(library.registerServer(), S_OK);
         ASSERT_NE(atl, nullptr);
         const auto start = procedure<BOOL(WINAPI*)()>("AtlAxWinInit");
         ASSERT_TRUE(start && start());
     }
-    void TearDown() override { library.install(false, L"user"); }
+    void TearDown() override { library.unregisterServer(); }
 
     template <class Procedure>
     Procedure procedure(const char* name) const {

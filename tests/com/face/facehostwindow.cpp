@@ -65,9 +65,7 @@ std::optional<LRESULT> FaceHostWindow::onMessage(UINT message, WPARAM, LPARAM lP
 
 bool pumpUntil(FaceHostWindow& host, const std::function<bool()>& done) {
     const ULONGLONG end = GetTickCount64() + LongestWait;
-    while (!done()) {
-        if (GetTickCount64() > end)
-            return false;
+    for (;;) {
         MSG message{};
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             if (message.message == WM_QUIT)
@@ -77,10 +75,12 @@ bool pumpUntil(FaceHostWindow& host, const std::function<bool()>& done) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
-        if (!done())
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, Slice, QS_ALLINPUT);
+        if (done())
+            return true;
+        if (GetTickCount64() > end)
+            return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, Slice, QS_ALLINPUT);
     }
-    return true;
 }
 
 } // namespace pixmo::com

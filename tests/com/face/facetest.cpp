@@ -2,6 +2,7 @@
 
 #include "core/base/product.h"
 #include "faces/com/base/widetext.h"
+#include "faces/com/ports/messagebox.h"
 #include "faces/com/windows/colours.h"
 #include "faces/com/windows/gdi.h"
 #include "faces/com/windows/pixelbuffer.h"
@@ -34,6 +35,10 @@ void FaceTest::SetUp() {
     const char* const engine = std::getenv("PIXMO_ENGINE");
     ASSERT_TRUE(engine) << "PIXMO_ENGINE is to be the address of a sample engine";
     forgetSettings();
+    MessageBox::setStandIn([this](const std::string& text, Buttons buttons, Icon) {
+        boxes.push_back(text);
+        return buttons == Buttons::AbortRetryIgnore ? Answer::Abort : Answer::Cancel;
+    });
     host = FaceHostWindow::create({700, 600});
     ASSERT_TRUE(host);
     control = host->face().control();
@@ -46,6 +51,8 @@ void FaceTest::SetUp() {
 void FaceTest::TearDown() {
     control.reset();
     host.reset();
+    MessageBox::setStandIn({});
+    EXPECT_EQ(boxes, std::vector<std::string>());
 }
 
 void FaceTest::load(int32_t document, int16_t page) {

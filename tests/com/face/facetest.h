@@ -45,6 +45,8 @@ protected:
     std::vector<uint32_t> pixels(HWND window, SIZE& size) const;
     int16_t currentPage() const { return std::get<int16_t>(control->property("Page")); }
 
+    /// Texts of the message boxes, which are answered by their safest button.
+    std::vector<std::string> boxes;
     std::shared_ptr<FaceHostWindow> host;
     std::shared_ptr<ImageView> control;
 };

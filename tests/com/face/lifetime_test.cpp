@@ -7,6 +7,18 @@
 namespace pixmo::com {
 namespace {
 
+BOOL CALLBACK countWindow(HWND, LPARAM count) {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+/// Of this thread, hidden ones too.
+int windowCount() {
+    int count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
 class FaceLifetime : public FaceTest {
 protected:
     /// Draws without a window, on white.
@@ -71,24 +83,13 @@ TEST_F(FaceLifetime, WindowsComeAndGoWithTheControlStaying) {
 
 TEST_F(FaceLifetime, ManyFacesLeaveNothing) {
     load();
-    const auto countOf = [] {
-        int count = 0;
-        EnumThreadWindows(
-            GetCurrentThreadId(),
-            [](HWND, LPARAM target) -> BOOL {
-                ++*reinterpret_cast<int*>(target);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&count));
-        return count;
-    };
-    const int before = countOf();
+    const int before = windowCount();
     for (int round = 0; round < 20; ++round) {
         const auto other = FaceHostWindow::create({300, 200});
         ASSERT_TRUE(other->face().window());
         other->control().runCommand("BUTTONCAPTIONS");
     }
-    EXPECT_EQ(countOf(), before);
+    EXPECT_EQ(windowCount(), before);
 }
 
 // The host ends the control inside one of its events.

@@ -78,8 +78,8 @@ TEST_F(FaceThumbs, ABandSelectsAndTheWheelResizes) {
         user::buttonUp();
     });
     EXPECT_FALSE(thumbs()->isBandShown());
-    act([] { user::wheel(-2, 2); });
-    EXPECT_EQ(thumbs()->itemSizeFactor(), 80);
+    act([] { user::wheel(3, 2); });
+    EXPECT_EQ(thumbs()->itemSizeFactor(), 130);
     act([] { user::wheel(-1); });
     EXPECT_GT(thumbs()->grid().scrollPosition(), 0);
     SCROLLINFO info{};

@@ -53,6 +53,8 @@ void act(FaceHostWindow& host, const std::function<void()>& deeds, const std::fu
         meanwhile();
     EXPECT_TRUE(pumpUntil(host, [&] { return done.load(); }));
     thread.join();
+    // What was pressed last is still on its way through the message queue.
+    EXPECT_TRUE(pumpUntil(host, [] { return GetQueueStatus(QS_INPUT) == 0; }));
 }
 
 bool sees(const std::function<bool()>& condition) {

@@ -50,6 +50,11 @@ void RawServer::answerWithBody(const std::string& body) {
     answerWith("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body);
 }
 
+void RawServer::answerBy(std::function<std::string(const std::string& request)> maker) {
+    const std::lock_guard lock(mutex_);
+    maker_ = std::move(maker);
+}
+
 std::vector<std::string> RawServer::requests() const {
     const std::lock_guard lock(mutex_);
     return requests_;
@@ -83,6 +88,8 @@ void RawServer::readFrom(uintptr_t client) {
     const int count = recv(client, bytes.data(), static_cast<int>(bytes.size()), 0);
     if (count > 0) {
         requests_.emplace_back(bytes.data(), static_cast<size_t>(count));
+        if (maker_)
+            answer_ = maker_(requests_.back());
         answer(client);
     }
     if (count <= 0 || then_ != Then::KeepOpen) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -21,6 +22,8 @@ public:
     std::string address(const std::string& path = "/engine") const;
     void answerWith(const std::string& answer, Then then = Then::KeepOpen);
     void answerWithBody(const std::string& body);
+    /// From now on each answer is made for its request; on the server's own thread.
+    void answerBy(std::function<std::string(const std::string& request)> maker);
     /// The heads of the requests so far.
     std::vector<std::string> requests() const;
 
@@ -33,6 +36,7 @@ private:
     uint16_t port_ = 0;
     mutable std::mutex mutex_;
     std::string answer_;
+    std::function<std::string(const std::string&)> maker_;
     Then then_ = Then::KeepOpen;
     std::vector<std::string> requests_;
     std::vector<uintptr_t> clients_;

@@ -38,7 +38,7 @@ STDMETHODIMP EventSinkPart::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS
     std::string line = nameOf(member) + std::string("(");
     for (UINT at = parameters->cArgs; at > 0; --at) {
         Variant text;
-        text.assignFrom(parameters->rgvarg[at - 1]);
+        text.assignFrom(&parameters->rgvarg[at - 1]);
         text.convertTo(VT_BSTR);
         line += (at == parameters->cArgs ? "" : ", ") + textOf(text.get()->bstrVal);
     }

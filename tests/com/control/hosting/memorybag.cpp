@@ -25,7 +25,7 @@ STDMETHODIMP MemoryBagPart::Write(LPCOLESTR name, VARIANT* value) {
         return S_OK;
     }
     Variant text;
-    text.assignFrom(*value);
+    text.assignFrom(value);
     if (const HRESULT result = text.convertTo(VT_BSTR); FAILED(result))
         return result;
     contents_.texts.insert_or_assign(name, std::wstring(Bstr::viewOf(text.get()->bstrVal)));

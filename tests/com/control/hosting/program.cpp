@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <system_error>
 
 namespace pixmo::com::test {
 
@@ -22,7 +23,8 @@ public:
     }
     ~OutputFile() {
         close();
-        std::filesystem::remove(path_);
+        std::error_code ignored;
+        std::filesystem::remove(path_, ignored);
     }
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;

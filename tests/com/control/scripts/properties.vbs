@@ -3,7 +3,7 @@ Option Explicit
 Dim view
 Set view = CreateObject("VellaneInet2.ImageView")
 Host.Check view.FetchDelay = 300, "a number's default"
-Host.Check view.Delimiter = ChrW(&HB7), "the delimiter's default"
+Host.Check Asc(view.Delimiter) = &HB7, "the delimiter's default"
 Host.Check view.BackColor = &H8000000F, "a colour's default"
 Host.Check VarType(view.Page) = 2, "16-bit numbers are Integers"
 Host.Check VarType(view.DocID) = 3, "32-bit numbers are Longs"
@@ -19,8 +19,8 @@ Host.Check view.PrintCaption = "Caption", "text"
 Host.Check view.PrintPageNums = False, "Boolean"
 Host.Check view.EncBytes = 64, "a number given as text"
 Host.Check view.Delimiter = "|", "the first character that is no blank"
-view.Font.Size = 14
-Host.Check view.Font.Size = 14, "the font's own properties"
+view.Font.Size = 12
+Host.Check view.Font.Size = 12, "the font's own properties"
 
 On Error Resume Next
 view.PublicKey = ""
