@@ -112,6 +112,18 @@ void dlgPrint::lstSelectedPages_Click(int16_t page, bool selected) {
 }
 
 // A text that is no number of copies stays as it is typed; the number of before counts.
+void dlgPrint::txtFromPage_Change(const std::string& text) {
+    fromPage_ = text;
+    if (printType_ != PageRange)
+        optPrintType_Click(PageRange);
+}
+
+void dlgPrint::txtToPage_Change(const std::string& text) {
+    toPage_ = text;
+    if (printType_ != PageRange)
+        optPrintType_Click(PageRange);
+}
+
 void dlgPrint::txtPrntCopies_Change(const std::string& text) {
     procedure("txtPrntCopies_Change").step([&] {
         copiesText_ = text;

@@ -76,8 +76,9 @@ public:
     void optPrintType_Click(int16_t index);
     void optImageScale_Click(int16_t index);
     void lstSelectedPages_Click(int16_t page, bool selected);
-    void txtFromPage_Change(const std::string& text) { fromPage_ = text; }
-    void txtToPage_Change(const std::string& text) { toPage_ = text; }
+    /// Who types a page means the range.
+    void txtFromPage_Change(const std::string& text);
+    void txtToPage_Change(const std::string& text);
     void txtPrntCopies_Change(const std::string& text);
     void hscPrntCopies_Change(int32_t copies);
     void cmdPrint_Click();

@@ -17,6 +17,10 @@ int32_t PrintPreview::sheetCount() const {
     return static_cast<int32_t>(request_.pages.size()) + (request_.hasCoverSheet ? 1 : 0);
 }
 
+int32_t PrintPreview::nearestSheet(int32_t sheet) const {
+    return std::clamp(sheet, int32_t{0}, std::max(int32_t{0}, sheetCount() - 1));
+}
+
 std::string PrintPreview::sheetText(int32_t sheet) const {
     return "Sheet " + std::to_string(sheet + 1) + " of " + std::to_string(sheetCount());
 }

@@ -19,6 +19,8 @@ public:
 
     static const char* Caption() { return "Print Preview"; }
     int32_t sheetCount() const;
+    /// The number of a sheet that there is, 0 being the first.
+    int32_t nearestSheet(int32_t sheet) const;
     /// "Sheet 2 of 5"
     std::string sheetText(int32_t sheet) const;
     /// The printer that the job would go to, open; nullptr when it cannot be opened.

@@ -9,7 +9,6 @@
 #include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
-#include <algorithm>
 
 namespace pixmo::qt {
 
@@ -78,7 +77,7 @@ QImage PreviewDialog::sheet(PrintPreview& preview, int32_t number, int height) {
 }
 
 void PreviewDialog::turnTo(int32_t sheet) {
-    sheet_ = std::clamp(sheet, 0, std::max(0, preview_.sheetCount() - 1));
+    sheet_ = preview_.nearestSheet(sheet);
     previous_->setEnabled(sheet_ > 0);
     next_->setEnabled(sheet_ + 1 < preview_.sheetCount());
     text_->setText(toQt(preview_.sheetText(sheet_)));

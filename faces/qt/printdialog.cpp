@@ -97,7 +97,6 @@ QGroupBox* PrintDialog::makeRange() {
     return frame;
 }
 
-/// Who types a page means the range.
 QWidget* PrintDialog::makePageBoxes(QWidget* option) {
     auto* const boxes = new QWidget(more_);
     auto* const row = new QHBoxLayout(boxes);
@@ -111,18 +110,10 @@ QWidget* PrintDialog::makePageBoxes(QWidget* option) {
     row->addWidget(txtFromPage_);
     row->addWidget(new QLabel(translated("thru"), boxes));
     row->addWidget(txtToPage_);
-    const auto chooseRange = [this] {
-        if (state_.optPrintType() != PageRange)
-            state_.optPrintType_Click(PageRange);
-    };
-    connect(txtFromPage_, &QLineEdit::textEdited, this, [this, chooseRange](const QString& text) {
-        state_.txtFromPage_Change(text.toStdString());
-        chooseRange();
-    });
-    connect(txtToPage_, &QLineEdit::textEdited, this, [this, chooseRange](const QString& text) {
-        state_.txtToPage_Change(text.toStdString());
-        chooseRange();
-    });
+    connect(txtFromPage_, &QLineEdit::textEdited, this,
+            [this](const QString& text) { state_.txtFromPage_Change(text.toStdString()); });
+    connect(txtToPage_, &QLineEdit::textEdited, this,
+            [this](const QString& text) { state_.txtToPage_Change(text.toStdString()); });
     return boxes;
 }
 

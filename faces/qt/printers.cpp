@@ -69,6 +69,7 @@ std::optional<std::string> Printers::choose(intptr_t, int32_t) {
         return std::nullopt;
     QWidget* const above = QApplication::activeModalWidget();
     const QPointer<QDialog> dialog = new QDialog(above ? above : link_->widget);
+    dialog->setObjectName(QStringLiteral("dlgPrinters"));
     dialog->setWindowTitle(translated("Printers"));
     dialog->setWindowModality(Qt::WindowModal);
     QListWidget* const list = addList(*dialog, names(), currentName());
@@ -101,11 +102,16 @@ std::optional<QString> Printers::askPath(const QString& documentName) const {
         return file_;
     if (!link_->widget)
         return std::nullopt;
-    const QString path = QFileDialog::getSaveFileName(
+    const QPointer<QFileDialog> dialog = new QFileDialog(
         link_->widget, translated("Print to File"),
         QDir::home().filePath(documentName + QStringLiteral(".pdf")), translated("PDF files (*.pdf)"));
-    if (path.isEmpty())
-        return std::nullopt;
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    std::optional<QString> path;
+    if (accepted && dialog)
+        path = dialog->selectedFiles().value(0);
+    delete dialog;
     return path;
 }
 

@@ -84,11 +84,12 @@ bool QueueTarget::deliver() {
     options.add("copies", QByteArray::number(copies_).constData());
     options.add("collate", "true");
     options.add("print-scaling", "none");
-    const int job = written
-                        ? cupsPrintFile(queue.constData(), QFile::encodeName(file_.fileName()).constData(),
-                                        title_.toUtf8().constData(), options.count(), options.options())
-                        : 0;
-    problem_ = job > 0 ? std::string() : written ? cupsLastErrorString() : file_.errorString().toStdString();
+    int job = 0;
+    if (written)
+        job = cupsPrintFile(queue.constData(), QFile::encodeName(file_.fileName()).constData(),
+                            title_.toUtf8().constData(), options.count(), options.options());
+    if (job <= 0)
+        problem_ = (written ? QString::fromUtf8(cupsLastErrorString()) : file_.errorString()).toStdString();
     file_.remove();
     return job > 0;
 }

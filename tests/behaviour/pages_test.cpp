@@ -101,7 +101,7 @@ TEST_F(PagesTest, AFormerPageIsVeiledWhileTheNextComes) {
     EXPECT_EQ(face->picture(), shown);
 }
 
-TEST_F(PagesTest, PropertiesRefuseBadValues) {
+TEST_F(PagesTest, PropertiesKeepWhatTheyTake) {
     announcesErrors = true;
     struct Case {
         const char* property;
@@ -118,6 +118,8 @@ TEST_F(PagesTest, PropertiesRefuseBadValues) {
     }
     face->set("Delimiter", std::string("  |x"));
     EXPECT_EQ(face->get("Delimiter"), Value(std::string("|")));
+    face->set("LogFileName", std::string());
+    EXPECT_EQ(face->get("LogFileName"), Value(std::string())) << "no log any more";
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "core/dialogs/dlgabout.h"
 #include "core/dialogs/dlggotopage.h"
 #include "core/dialogs/dlglog.h"
+#include "core/dialogs/dlgsavepage.h"
 #include "faces/scripted/scriptedports.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +35,28 @@ TEST(GotoDialog, PutsItsTextInOrder) {
         dialog.cmdCancel_Click();
         EXPECT_EQ(dialog.PageNumber(), 0);
     }
+}
+
+TEST(SavePageDialog, KnowsItsEndingsAndRemembers) {
+    scripted::SettingsStore settings;
+    dlgSavePage dialog("page 1", settings);
+    EXPECT_EQ(dialog.suggestedFile(), "page 1.tif");
+    EXPECT_EQ(dialog.folder(), "");
+    struct Case {
+        const char* chosen;
+        const char* file;
+    };
+    for (const Case& c :
+         {Case{"a", "a.tif"}, Case{"a.TIF", "a.TIF"}, Case{"a.tiff", "a.tiff"}, Case{"a.png", "a.png"},
+          Case{"a.b", "a.b.tif"}, Case{"a.jpg", "a.jpg.tif"}, Case{"x.y/a", "x.y/a.tif"}})
+        EXPECT_EQ(dialog.withEnding(c.chosen), std::filesystem::path(c.file));
+    dialog.setFormat(dlgSavePage::Format::Png);
+    EXPECT_EQ(dialog.withEnding("a.b"), std::filesystem::path("a.b.png"));
+    dialog.cmdOK_Click("folder/a.Png");
+    EXPECT_EQ(dlgSavePage("p", settings).suggestedFile(), "p.png");
+    EXPECT_EQ(dlgSavePage("p", settings).folder(), "folder");
+    dialog.cmdOK_Click("other/a.tiff");
+    EXPECT_EQ(dlgSavePage("p", settings).format(), dlgSavePage::Format::Tiff);
 }
 
 TEST(AboutDialog, DescribesThePicture) {

@@ -195,6 +195,28 @@ TEST(ViewGeometry, SizesInOtherViewports) {
     EXPECT_EQ(geometry.sizeIn({850, 1105}), (Size{850, 1100}));
     EXPECT_EQ(geometry.sizeIn({834, 1090}), (Size{834, 1079}));
     EXPECT_EQ(geometry.destination(), (Rectangle{0, 2, 850, 1100}));
+    const Size bar = {16, 15};
+    struct Case {
+        Size window;
+        bool horizontal;
+        bool vertical;
+    };
+    for (const Case& c :
+         {Case{{850, 1105}, false, false}, Case{{850, 1099}, false, true}, Case{{400, 300}, false, true}}) {
+        const ViewGeometry::Bars bars = geometry.barsIn(c.window, bar);
+        EXPECT_EQ(bars.horizontal, c.horizontal) << c.window.height;
+        EXPECT_EQ(bars.vertical, c.vertical) << c.window.height;
+    }
+    geometry.setZoom(100, {});
+    // At its own size, 816 by 1056, the room that one bar takes makes the other one necessary.
+    for (const Case& c :
+         {Case{{816, 1056}, false, false}, Case{{816, 1055}, true, true}, Case{{832, 1055}, false, true},
+          Case{{815, 1071}, true, false}, Case{{815, 1070}, true, true}}) {
+        const ViewGeometry::Bars bars = geometry.barsIn(c.window, bar);
+        EXPECT_EQ(bars.horizontal, c.horizontal) << c.window.width << " " << c.window.height;
+        EXPECT_EQ(bars.vertical, c.vertical) << c.window.width << " " << c.window.height;
+    }
+    EXPECT_FALSE(ViewGeometry().barsIn({100, 100}, bar).vertical);
 }
 
 } // namespace

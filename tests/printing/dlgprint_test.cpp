@@ -52,9 +52,10 @@ TEST_F(PrintDialog, PagesOfEachRange) {
         dlgPrint fresh(errors, box, settings);
         fresh.setPageCount(9);
         fresh.setCurrPage(4);
-        fresh.optPrintType_Click(each.range);
         fresh.txtFromPage_Change(each.from);
         fresh.txtToPage_Change(each.to);
+        EXPECT_EQ(fresh.optPrintType(), PageRange) << "who types a page means the range";
+        fresh.optPrintType_Click(each.range);
         fresh.cmdPrint_Click();
         EXPECT_FALSE(fresh.isOpen());
         EXPECT_EQ(fresh.Cancelled(), each.pages.empty());

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -74,8 +75,20 @@ TEST_F(PrintWindow, HasItsControlsAndPrintsARange) {
     EXPECT_EQ(file.pageCount(), 2);
     EXPECT_EQ(view->property("PrintPageSelection").toString(), QStringLiteral("3,4"));
     EXPECT_EQ(view->page(), 2);
-    print({{"dlgPrint", [](QDialog& window) {
+    print({{"dlgPrint",
+            [](QDialog& window) {
                 press(window, "Less Options");
+                QTimer::singleShot(0, &window, [&window] { press(window, "P&rinters..."); });
+            }},
+           {"dlgPrinters",
+            [](QDialog& window) {
+                auto* const list = window.findChild<QListWidget*>();
+                EXPECT_EQ(list->currentItem()->text(), QStringLiteral("PDF file"));
+                QTest::keyClick(list, Qt::Key_Return);
+            }},
+           {"dlgPrint", [](QDialog& window) {
+                EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("lblPrinterName"))->text(),
+                          QStringLiteral("PDF file"));
                 QTest::keyClick(&window, Qt::Key_Escape);
             }}});
     EXPECT_EQ(view->property("PrintPageSelection").toString(), QStringLiteral("3,4"));

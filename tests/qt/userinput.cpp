@@ -73,13 +73,17 @@ unsigned int buttonNumber(behaviour::Mouse button) {
 
 } // namespace
 
-/// An event of our own behind those of the user: when it comes, they have been handled.
-class UserInput::Sentinel : public QAbstractNativeEventFilter {
+/// Sees what the X server hands to the program: its events of the mouse, and an event of our own behind those
+/// of the user: when it comes, they have been handled.
+class UserInput::Arrivals : public QAbstractNativeEventFilter {
 public:
-    explicit Sentinel(Display* display) : type_(XInternAtom(display, "PIXMO_TEST_SENTINEL", False)) {
+    explicit Arrivals(Display* display) : type_(XInternAtom(display, "PIXMO_TEST_SENTINEL", False)) {
+        int firstEvent = 0;
+        int firstError = 0;
+        XQueryExtension(display, "XInputExtension", &inputExtension_, &firstEvent, &firstError);
         onUi([this] { qApp->installNativeEventFilter(this); });
     }
-    ~Sentinel() override {
+    ~Arrivals() override {
         onUi([this] { qApp->removeNativeEventFilter(this); });
     }
 
@@ -87,39 +91,53 @@ public:
         if (eventType != "xcb_generic_event_t")
             return false;
         const auto* const event = static_cast<xcb_generic_event_t*>(message);
-        if ((event->response_type & 0x7F) != XCB_CLIENT_MESSAGE)
+        const int kind = event->response_type & 0x7F;
+        if (kind == XCB_GE_GENERIC)
+            noteButton(*reinterpret_cast<const xcb_ge_generic_event_t*>(event));
+        if (kind != XCB_CLIENT_MESSAGE ||
+            reinterpret_cast<const xcb_client_message_event_t*>(event)->type != type_)
             return false;
-        if (reinterpret_cast<const xcb_client_message_event_t*>(event)->type != type_)
-            return false;
-        ++seen_;
+        ++sentinels_;
         return true;
     }
 
-    bool pass(Display* display, WId window) {
+    bool passSentinel(Display* display, WId window) {
         XEvent event = {};
         event.xclient.type = ClientMessage;
         event.xclient.window = window;
         event.xclient.message_type = type_;
         event.xclient.format = 32;
-        const int before = seen_;
+        const int before = sentinels_;
         XSendEvent(display, window, False, 0, &event);
         XFlush(display);
-        return waitUntil([&] { return seen_ > before; });
+        return waitUntil([&] { return sentinels_ > before; });
     }
 
+    /// Presses and releases of the mouse so far.
+    int buttons() const { return buttons_; }
+
 private:
+    void noteButton(const xcb_ge_generic_event_t& event) {
+        constexpr int press = 4;
+        constexpr int release = 5;
+        if (event.extension == inputExtension_ && (event.event_type == press || event.event_type == release))
+            ++buttons_;
+    }
+
     const Atom type_;
-    std::atomic<int> seen_ = 0;
+    int inputExtension_ = 0;
+    std::atomic<int> sentinels_ = 0;
+    std::atomic<int> buttons_ = 0;
 };
 
 UserInput::UserInput() : display_(XOpenDisplay(nullptr)) {
     if (!display_)
         throw std::runtime_error("There is no screen for the tests' input events.");
-    sentinel_ = std::make_unique<Sentinel>(display_);
+    arrivals_ = std::make_unique<Arrivals>(display_);
 }
 
 UserInput::~UserInput() {
-    sentinel_.reset();
+    arrivals_.reset();
     XCloseDisplay(display_);
 }
 
@@ -130,7 +148,7 @@ void UserInput::settle() {
                 return each->winId();
         return WId(0);
     });
-    if (window == 0 || !sentinel_->pass(display_, window))
+    if (window == 0 || !arrivals_->passSentinel(display_, window))
         ADD_FAILURE() << "the windows do not handle their events";
     onUi([] {});
 }
@@ -194,7 +212,11 @@ void UserInput::moveTo(QPoint place) {
 }
 
 void UserInput::button(behaviour::Mouse which, bool down) {
+    const int before = arrivals_->buttons();
     XTestFakeButtonEvent(display_, buttonNumber(which), down ? True : False, CurrentTime);
+    XFlush(display_);
+    // The window manager looks at presses first and hands them on when it likes.
+    EXPECT_TRUE(waitUntil([&] { return arrivals_->buttons() > before; })) << "the click does not arrive";
     settle();
 }
 

@@ -27,7 +27,7 @@ public:
     void wheel(int notches, int modifiers);
 
 private:
-    class Sentinel;
+    class Arrivals;
 
     void key(unsigned long symbol, bool down);
     void hold(int modifiers, bool down);
@@ -37,7 +37,7 @@ private:
     bool keyboardIsHere() const;
 
     _XDisplay* display_;
-    std::unique_ptr<Sentinel> sentinel_;
+    std::unique_ptr<Arrivals> arrivals_;
 };
 
 } // namespace pixmo::qt

@@ -3,6 +3,7 @@
 #include "core/base/product.h"
 #include "core/base/text.h"
 #include "faces/com/base/widetext.h"
+#include "faces/com/face/dialogcloser.h"
 
 #include <algorithm>
 #include <array>
@@ -59,23 +60,10 @@ MessageBox::Stand& standIn() {
     return instance;
 }
 
-/// A box cannot be told to close by its own means, but it is a dialog of the system's class.
-BOOL CALLBACK closeBox(HWND window, LPARAM owner) noexcept {
-    std::array<wchar_t, 8> name{};
-    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    if (std::wstring_view(name.data()) == L"#32770" &&
-        GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner))
-        EndDialog(window, 0);
-    return TRUE;
-}
-
 int show(FaceLink& link, const std::wstring& text, const std::wstring& title, UINT style) {
-    const HWND owner = link.owner();
-    const size_t ending = link.Ending.connect(
-        [owner] { EnumThreadWindows(GetCurrentThreadId(), closeBox, reinterpret_cast<LPARAM>(owner)); });
-    const int button = MessageBoxW(owner, text.c_str(), title.c_str(), style | (owner ? 0U : MB_TASKMODAL));
-    link.Ending.disconnect(ending);
-    return button;
+    const DialogCloser closer(link);
+    return MessageBoxW(closer.owner(), text.c_str(), title.c_str(),
+                       style | (closer.owner() ? 0U : MB_TASKMODAL));
 }
 
 } // namespace

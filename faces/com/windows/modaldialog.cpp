@@ -148,8 +148,7 @@ INT_PTR ModalDialog::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_COMMAND:
         return onCommand(LOWORD(wParam), HIWORD(wParam));
     case WM_CLOSE:
-        close(IDCANCEL);
-        return TRUE;
+        return onCommand(IDCANCEL, BN_CLICKED);
     case WM_SIZE:
         onResize({LOWORD(lParam), HIWORD(lParam)});
         return TRUE;

@@ -52,6 +52,9 @@ std::optional<LRESULT> FaceHostWindow::onMessage(UINT message, WPARAM, LPARAM lP
         if (face_)
             face_->takeFocus();
         return 0;
+    case EndFace:
+        face_.reset();
+        return 0;
     case WM_CLOSE:
         PostQuitMessage(0);
         return 0;
@@ -62,22 +65,22 @@ std::optional<LRESULT> FaceHostWindow::onMessage(UINT message, WPARAM, LPARAM lP
 
 bool pumpUntil(FaceHostWindow& host, const std::function<bool()>& done) {
     const ULONGLONG end = GetTickCount64() + LongestWait;
-    while (!done()) {
-        if (GetTickCount64() > end)
-            return false;
+    for (;;) {
         MSG message{};
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
             if (message.message == WM_QUIT)
                 return false;
-            if (host.face().translateKey(message))
+            if (host.translateKey(message))
                 continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
-        if (!done())
-            MsgWaitForMultipleObjects(0, nullptr, FALSE, Slice, QS_ALLINPUT);
+        if (done())
+            return true;
+        if (GetTickCount64() > end)
+            return false;
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, Slice, QS_ALLINPUT);
     }
-    return true;
 }
 
 } // namespace pixmo::com

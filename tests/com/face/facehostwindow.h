@@ -15,13 +15,16 @@ namespace pixmo::com {
 /// A plain program's window with one control in it, as large as the window's inside.
 class FaceHostWindow : public Window, public FaceHost {
 public:
+    /// Sent by whoever wants the face to end.
+    static constexpr UINT EndFace = WM_APP;
+
     /// Device pixels of the inside; the window has a frame when it has a title.
     static std::shared_ptr<FaceHostWindow> create(SIZE inside, const wchar_t* title = nullptr);
     ~FaceHostWindow() override;
 
     ControlFace& face() { return *face_; }
     ImageView& control() { return *face_->control(); }
-    void endFace() { face_.reset(); }
+    bool translateKey(MSG& message) { return face_ && face_->translateKey(message); }
     void resizeInside(SIZE inside) const;
 
     bool userMode() const override { return inUserMode; }

@@ -9,8 +9,8 @@
 
 // Shows the control in a plain window, for a person or a screenshot:
 //   showface ADDRESS DOCUMENT PAGE WIDTH HEIGHT [COMMAND...]
-// Loads the page, gives the commands, and stays until the window is closed. "NAME=VALUE" sets a property first:
-// True, False or a text.
+// Loads the page, gives the commands, and stays until the window is closed. "NAME=VALUE" sets a property
+// first: True, False or a text.
 namespace {
 
 using namespace pixmo;

@@ -1,0 +1,185 @@
+#include "faces/com/base/widetext.h"
+#include "tests/com/face/facetest.h"
+
+#include <commctrl.h>
+
+namespace pixmo::com {
+namespace {
+
+class FaceBars : public FaceTest {
+protected:
+    std::vector<std::string> fields() const {
+        std::vector<std::string> texts;
+        for (HWND field = part(L"Static"); field;
+             field = FindWindowExW(host->face().window(), field, L"Static", nullptr))
+            texts.push_back(toUtf8(user::textOf(field)));
+        return texts;
+    }
+    LONG height(HWND window) const {
+        RECT place{};
+        GetWindowRect(window, &place);
+        return place.bottom - place.top;
+    }
+    int imageWidth() const {
+        int width = 0;
+        int images = 0;
+        ImageList_GetIconSize(reinterpret_cast<HIMAGELIST>(SendMessageW(toolbar(), TB_GETIMAGELIST, 0, 0)),
+                              &width, &images);
+        return width;
+    }
+};
+
+TEST_F(FaceBars, TheToolbarIsTheCores) {
+    load();
+    for (const bool all : {false, true}) {
+        control->setProperty("ThumbsAvailable", all);
+        control->setProperty("BookmarkAvailable", all);
+        const auto& buttons = control->tlbImage().Buttons;
+        ASSERT_EQ(static_cast<size_t>(SendMessageW(toolbar(), TB_BUTTONCOUNT, 0, 0)), buttons.size());
+        for (size_t i = 0; i < buttons.size(); ++i) {
+            SCOPED_TRACE(buttons[i].Key);
+            TBBUTTON shown{};
+            SendMessageW(toolbar(), TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&shown));
+            const bool separator = buttons[i].Style == ButtonStyle::Separator;
+            EXPECT_EQ((shown.fsStyle & BTNS_SEP) != 0, separator);
+            EXPECT_EQ((shown.fsStyle & BTNS_CHECKGROUP) == BTNS_CHECKGROUP,
+                      buttons[i].Style == ButtonStyle::ButtonGroup);
+            EXPECT_EQ((shown.fsState & TBSTATE_ENABLED) != 0, buttons[i].Enabled);
+            EXPECT_EQ((shown.fsState & TBSTATE_CHECKED) != 0, buttons[i].Pressed);
+        }
+    }
+    control->commands().setForbidden("PAGEGOTO", true);
+    control->Refresh();
+    EXPECT_NE(buttonState("PAGEGOTO") & TBSTATE_HIDDEN, 0);
+}
+
+TEST_F(FaceBars, ButtonsAreClicked) {
+    load();
+    control->setProperty("BookmarkAvailable", true);
+    int bookmarks = 0;
+    control->events().BookmarkRequested.connect([&](int32_t, int32_t) {
+        ++bookmarks;
+        // The button goes while it is being clicked.
+        control->setProperty("BookmarkAvailable", false);
+    });
+    act([&] { user::click(buttonPlace("PAGENEXT")); });
+    EXPECT_EQ(currentPage(), 2);
+    act([&] { user::click(buttonPlace("SELECTION")); });
+    EXPECT_NE(buttonState("SELECTION") & TBSTATE_CHECKED, 0);
+    EXPECT_EQ(buttonState("PAN") & TBSTATE_CHECKED, 0);
+    EXPECT_FALSE(control->lvrImage().dragMode);
+    act([&] { user::click(buttonPlace("CANCEL")); });
+    EXPECT_EQ(buttonState("CANCEL") & TBSTATE_ENABLED, 0);
+    act([&] { user::click(buttonPlace("STAR")); });
+    EXPECT_EQ(bookmarks, 1);
+    EXPECT_EQ(static_cast<size_t>(SendMessageW(toolbar(), TB_BUTTONCOUNT, 0, 0)),
+              control->tlbImage().Buttons.size());
+}
+
+TEST_F(FaceBars, SizesCaptionsAndRows) {
+    load();
+    EXPECT_EQ(imageWidth(), 32);
+    const LONG plain = height(toolbar());
+    control->runCommand("BUTTONCAPTIONS");
+    EXPECT_GT(height(toolbar()), plain);
+    control->runCommand("SMALLBUTTONS");
+    EXPECT_EQ(imageWidth(), 16);
+    control->runCommand("BUTTONCAPTIONS");
+    EXPECT_LT(height(toolbar()), plain);
+    const LONG oneRow = height(toolbar());
+    host->resizeInside({180, 400});
+    EXPECT_GT(height(toolbar()), oneRow) << "what does not fit comes into another row";
+    RECT bar{};
+    RECT view{};
+    GetWindowRect(toolbar(), &bar);
+    GetWindowRect(page(), &view);
+    EXPECT_EQ(view.top, bar.bottom);
+}
+
+TEST_F(FaceBars, TipsAreTheCores) {
+    load();
+    const auto tip = [&](const char* key) {
+        std::array<wchar_t, 100> text{};
+        NMTBGETINFOTIPW ask{};
+        ask.hdr = {toolbar(), 0, static_cast<UINT>(TBN_GETINFOTIPW)};
+        ask.pszText = text.data();
+        ask.cchTextMax = static_cast<int>(text.size());
+        const auto& buttons = control->tlbImage().Buttons;
+        for (size_t i = 0; i < buttons.size(); ++i)
+            if (buttons[i].Key == key) {
+                TBBUTTON button{};
+                SendMessageW(toolbar(), TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
+                ask.iItem = button.idCommand;
+            }
+        SendMessageW(host->face().window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&ask));
+        return std::wstring(text.data());
+    };
+    EXPECT_EQ(tip("PAGENEXT"), L"Next page");
+    EXPECT_EQ(tip("SELECTION"), L"Zoom to selection");
+}
+
+TEST_F(FaceBars, TheStatusRowReadsOut) {
+    EXPECT_EQ(fields(), (std::vector<std::string>{"Page 0 of 0", "", ""}));
+    load(3);
+    EXPECT_EQ(fields(), (std::vector<std::string>{"Page 3 of 12", "", control->zoomText()}));
+    control->runCommand("ZOOMIN");
+    EXPECT_EQ(fields().back(), control->zoomText());
+    control->LoadDocumentByDocID(sample::ManyPages, 7);
+    ASSERT_FALSE(control->isIdle());
+    EXPECT_EQ(fields().at(1), "Loading\u2026");
+    settle();
+    EXPECT_EQ(fields().at(1), "");
+}
+
+TEST_F(FaceBars, TheHostsLookIsTaken) {
+    load();
+    control->setProperty("BackColor", Colour{0x00204060});
+    control->setProperty("BorderStyle", int16_t{1});
+    EXPECT_EQ(control->lvrImage().background() & 0xFFFFFFU, 0x604020U);
+    SIZE size{};
+    const auto shown = pixels(host->face().window(), size);
+    const auto at = [&](LONG x, LONG y) { return shown[static_cast<size_t>(y * size.cx + x)]; };
+    EXPECT_EQ(at(size.cx - 3, 3), 0x604020U) << "beside the buttons";
+    EXPECT_NE(at(0, size.cy / 2), 0x604020U) << "the border";
+    Font large;
+    large.Name = "Tahoma";
+    large.Size = 20;
+    const LONG before = height(part(L"Static"));
+    control->setProperty("Font", large);
+    EXPECT_GT(height(part(L"Static")), before);
+    control->setProperty("Enabled", false);
+    EXPECT_FALSE(IsWindowEnabled(host->face().window()));
+    EXPECT_TRUE(std::ranges::find(host->changes, "BackColor") != host->changes.end());
+}
+
+TEST_F(FaceBars, MenusOpenAndGiveCommands) {
+    load();
+    constexpr const wchar_t* Menu = L"#32768";
+    act([&] {
+        user::click(onScreen(100, 100), true);
+        EXPECT_TRUE(user::sees([&] { return user::findWindow(Menu); }));
+        const auto menu = reinterpret_cast<HMENU>(SendMessageW(user::findWindow(Menu), MN_GETHMENU, 0, 0));
+        std::array<wchar_t, 60> text{};
+        GetMenuStringW(menu, 4, text.data(), 60, MF_BYPOSITION);
+        EXPECT_EQ(std::wstring(text.data()), L"Fit &Height\tCtrl+Shift+H");
+        EXPECT_NE(GetMenuState(menu, 2, MF_BYPOSITION) & MF_SEPARATOR, 0U);
+        EXPECT_NE(GetMenuState(menu, 0, MF_BYPOSITION) & MF_CHECKED, 0U) << "Pan";
+        user::press('Z');
+        EXPECT_TRUE(user::sees([&] { return !user::findWindow(Menu); }));
+    });
+    EXPECT_FALSE(control->lvrImage().dragMode) << "Zoom to Selection";
+    act([&] {
+        user::click(buttonPlace("PAGENEXT"), true);
+        EXPECT_TRUE(user::sees([&] { return user::findWindow(Menu); }));
+        user::press('S');
+        EXPECT_TRUE(user::sees([&] { return !user::findWindow(Menu); }));
+    });
+    EXPECT_TRUE(control->menuChecks().mnuPopup1SmallButtons);
+    EXPECT_EQ(currentPage(), 1);
+    host->inUserMode = false;
+    SendMessageW(page(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(page()), -1);
+    EXPECT_FALSE(user::findWindow(Menu)) << "a form is designed";
+}
+
+} // namespace
+} // namespace pixmo::com
