@@ -39,6 +39,11 @@ protected:
         return canvas.at(100, 80);
     }
 
+    /// Nothing may be asked of the user here.
+    ModalWatcher watcher{[](HWND dialog) {
+        ADD_FAILURE() << ModalWatcher::textOf(dialog);
+        ModalWatcher::giveUp(dialog);
+    }};
     Library library;
     SmallEngine engine;
 };
@@ -76,6 +81,11 @@ INSTANTIATE_TEST_SUITE_P(Profiles, Loading, testing::ValuesIn(Running),
 
 class Documents : public testing::Test {
 protected:
+    /// Nothing may be asked of the user here.
+    ModalWatcher watcher{[](HWND dialog) {
+        ADD_FAILURE() << ModalWatcher::textOf(dialog);
+        ModalWatcher::giveUp(dialog);
+    }};
     Library library;
     SmallEngine engine;
 };
@@ -136,6 +146,7 @@ TEST_F(Documents, handlersChangeKeysByReference) {
         host.events.events.clear();
         const UINT scan = MapVirtualKeyW(static_cast<UINT>(letter), MAPVK_VK_TO_VSC) << 16U;
         PostMessageW(focused, WM_KEYDOWN, static_cast<WPARAM>(letter), static_cast<LPARAM>(scan | 1U));
+        pumpFor(50); // the character comes behind the messages that wait already
         PostMessageW(focused, WM_KEYUP, static_cast<WPARAM>(letter), static_cast<LPARAM>(scan | 0xC0000001U));
         pumpUntil(
             [&] { return !host.events.events.empty() && host.events.events.back().starts_with("KeyUp"); },

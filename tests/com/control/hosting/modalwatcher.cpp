@@ -1,5 +1,7 @@
 #include "tests/com/control/hosting/modalwatcher.h"
 
+#include "faces/com/base/widetext.h"
+
 namespace pixmo::com::test {
 
 namespace {
@@ -38,6 +40,16 @@ void ModalWatcher::giveUp(HWND dialog) {
             PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
             return;
         }
+}
+
+std::string ModalWatcher::textOf(HWND dialog) {
+    std::string text;
+    for (HWND part = nullptr; (part = FindWindowExW(dialog, part, L"Static", nullptr)) != nullptr;) {
+        wchar_t line[512] = {};
+        GetWindowTextW(part, line, 512);
+        text += toUtf8(line);
+    }
+    return text;
 }
 
 } // namespace pixmo::com::test

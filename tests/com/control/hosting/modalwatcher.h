@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <windows.h>
 
 namespace pixmo::com::test {
@@ -16,6 +17,8 @@ public:
 
     /// The answer that gives up: Cancel, Abort, No, else OK.
     static void giveUp(HWND dialog);
+    /// What the dialog says.
+    static std::string textOf(HWND dialog);
 
 private:
     static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);

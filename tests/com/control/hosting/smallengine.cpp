@@ -56,10 +56,10 @@ uint32_t SmallEngine::colourOf(int page) {
 std::string SmallEngine::answer(const std::string& request) const {
     const size_t start = request.find('?') + 1;
     const std::string text = request.substr(start, request.find(' ', start) - start);
+    if (text.starts_with("IC"))
+        return encipher(std::string("IC") + Delimiter + "OK");
     const auto fields = split(clsRC4().DecryptString(text, Key, true), Delimiter);
     const std::string joined = std::string("OK") + Delimiter + std::to_string(Pages);
-    if (fields[0] == "IC")
-        return encipher(std::string("IC") + Delimiter + "OK");
     if (fields[0] == "PC")
         return encipher(std::string("PC") + Delimiter + joined);
     return pageFile(colourOf(std::clamp(std::stoi(fields.back()), 1, int{Pages})));
