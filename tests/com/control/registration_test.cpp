@@ -14,9 +14,14 @@ namespace {
 
 using Snapshot = std::map<std::wstring, std::wstring>;
 
-/// How deep a snapshot goes: classes, and what lies in the folders of class identities, interfaces and
-/// libraries. What the library writes lies no higher, and below it everything is its own.
+/// How deep a snapshot goes: what lies in the folders of class identities, interfaces and libraries. What
+/// the library writes lies no higher, and below it everything is its own.
 constexpr int Depth = 2;
+
+/// Others write elsewhere in the registry at any time.
+bool isOfInterest(std::wstring_view key) {
+    return key == L"CLSID" || key == L"Interface" || key == L"TypeLib" || key.starts_with(L"VellaneInet2");
+}
 
 void add(Snapshot& snapshot, HKEY key, const std::wstring& path, int depth) {
     snapshot[path];
@@ -35,6 +40,8 @@ void add(Snapshot& snapshot, HKEY key, const std::wstring& path, int depth) {
         auto length = static_cast<DWORD>(name.size());
         if (RegEnumKeyExW(key, at, name.data(), &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS)
             break;
+        if (depth == Depth && !isOfInterest(name.data()))
+            continue;
         const std::wstring below = path + L"\\" + name.data();
         snapshot[below];
         HKEY child = nullptr;
