@@ -2,6 +2,7 @@
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
 #include "tests/com/control/hosting/container.h"
+#include "tests/com/control/hosting/smallengine.h"
 #include "tests/com/control/hosting/usage.h"
 
 #include <gtest/gtest.h>
@@ -113,6 +114,37 @@ TEST_F(Lifetime, theControlMayEndInItsOwnEvent) {
     };
     IImageView* const called = view.get();
     EXPECT_EQ(called->Clear(), S_OK);
+    EXPECT_TRUE(library.canUnload());
+}
+
+// A host that shows one document after the other, each in a new control.
+TEST_F(Lifetime, twoHundredDocumentsLeaveNothing) {
+    const SmallEngine engine;
+    const auto round = [&](int number) {
+        Container host(library, number % 2 == 0 ? FormRun : ScriptOnly);
+        host.initialise();
+        if (host.site.profile.hasPlace)
+            host.activate();
+        host.put(L"EngineAddress", Variant(std::string_view(engine.address())));
+        host.as<IImageView>()->LoadDocumentByDocID(SmallEngine::Document, 1);
+        ASSERT_TRUE(pumpUntil([&] {
+            return !host.events.events.empty() && host.events.events.back() == "PageChanged(7, 1)";
+        })) << number;
+        ASSERT_EQ(host.close(), 0U);
+    };
+    for (int number = 0; number < 10; ++number)
+        round(number);
+    pumpFor(200);
+    const Usage before = Usage::now();
+    for (int number = 0; number < 200 && !HasFatalFailure(); ++number)
+        round(number);
+    pumpFor(200);
+    const Usage after = Usage::now();
+    EXPECT_EQ(after.drawingObjects, before.drawingObjects);
+    // Connections that the system keeps for the next transfer come and go.
+    EXPECT_NEAR(after.handles, before.handles, 8);
+    EXPECT_EQ(after.windows, before.windows);
+    EXPECT_EQ(after.temporaryFiles, before.temporaryFiles);
     EXPECT_TRUE(library.canUnload());
 }
 

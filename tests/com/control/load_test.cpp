@@ -5,7 +5,6 @@
 #include "tests/com/control/hosting/container.h"
 #include "tests/com/control/hosting/modalwatcher.h"
 #include "tests/com/control/hosting/smallengine.h"
-#include "tests/com/control/hosting/usage.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -108,36 +107,6 @@ TEST_F(Documents, aDesignedFormAsksNoServer) {
     EXPECT_EQ(engine.requests(), before);
     EXPECT_EQ(host.text(L"DocID"), "0");
     EXPECT_TRUE(host.events.events.empty());
-}
-
-// A host that shows one document after the other, each in a new control.
-TEST_F(Documents, twoHundredRoundsLeaveNothing) {
-    const auto round = [&](int number) {
-        Container host(library, number % 2 == 0 ? FormRun : ScriptOnly);
-        host.initialise();
-        if (host.site.profile.hasPlace)
-            host.activate();
-        host.put(L"EngineAddress", Variant(std::string_view(engine.address())));
-        host.as<IImageView>()->LoadDocumentByDocID(SmallEngine::Document, 1);
-        ASSERT_TRUE(pumpUntil([&] {
-            return !host.events.events.empty() && host.events.events.back() == "PageChanged(7, 1)";
-        })) << number;
-        ASSERT_EQ(host.close(), 0U);
-    };
-    for (int number = 0; number < 20; ++number)
-        round(number);
-    pumpFor(200);
-    const Usage before = Usage::now();
-    for (int number = 0; number < 200 && !HasFatalFailure(); ++number)
-        round(number);
-    pumpFor(200);
-    const Usage after = Usage::now();
-    EXPECT_EQ(after.drawingObjects, before.drawingObjects);
-    // Connections that the system keeps for the next transfer come and go.
-    EXPECT_NEAR(after.handles, before.handles, 8);
-    EXPECT_EQ(after.windows, before.windows);
-    EXPECT_EQ(after.temporaryFiles, before.temporaryFiles);
-    EXPECT_TRUE(library.canUnload());
 }
 
 // What a host's handler writes into an argument decides what the control does next.
