@@ -1,7 +1,6 @@
 #include "faces/com/ports/asyncreader.h"
 
 #include <utility>
-#include <cstdio>
 
 namespace pixmo::com {
 
@@ -33,7 +32,6 @@ void AsyncReader::CancelAsyncRead(const std::string& propertyName) {
 
 // The listener may end this reader.
 void AsyncReader::complete(Download& download) {
-    { auto p = download.progress(); fprintf(stderr, "DONE %s %d %s bytes %d\n", p.PropertyName.c_str(), p.StatusCode, p.Status.c_str(), p.BytesRead); }
     running_.erase(download.request().PropertyName);
     if (listener_)
         listener_->AsyncReadComplete(download.deliver());

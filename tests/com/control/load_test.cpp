@@ -113,7 +113,6 @@ TEST_F(Documents, aDesignedFormAsksNoServer) {
 // A host that shows one document after the other, each in a new control.
 TEST_F(Documents, twoHundredRoundsLeaveNothing) {
     const auto round = [&](int number) {
-        fprintf(stderr,"round %d %lu\n",number,GetTickCount());
         Container host(library, number % 2 == 0 ? FormRun : ScriptOnly);
         host.initialise();
         if (host.site.profile.hasPlace)

@@ -41,11 +41,29 @@ int32_t errorOf(const fs::path& path) {
     return 0;
 }
 
-TEST(PageWriterOnAFullDisk, LeavesTheFormerFile) {
-    const fs::path folder =
-        fs::temp_directory_path() / ("pixmo-full-" + std::to_string(std::random_device()()));
-    fs::create_directories(folder);
+/// A folder of its own for one test.
+class PageWriterPosix : public testing::Test {
+protected:
+    PageWriterPosix()
+        : folder(fs::temp_directory_path() / ("pixmo-posix-" + std::to_string(std::random_device()()))) {
+        fs::create_directories(folder);
+    }
+    ~PageWriterPosix() override {
+        std::error_code ignored;
+        fs::remove_all(folder, ignored);
+    }
+    PageWriterPosix(const PageWriterPosix&) = delete;
+    PageWriterPosix& operator=(const PageWriterPosix&) = delete;
+
+    std::ptrdiff_t fileCount() const {
+        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
+    }
+
+    const fs::path folder;
     const std::vector<uint8_t> former = {'o', 'l', 'd'};
+};
+
+TEST_F(PageWriterPosix, AFullDiskLeavesTheFormerFile) {
     for (const char* name : {"page.png", "page.tif"}) {
         writeFile(folder / name, former);
         int32_t number = 0;
@@ -56,8 +74,16 @@ TEST(PageWriterOnAFullDisk, LeavesTheFormerFile) {
         EXPECT_EQ(number, error_number::DiskFull);
         EXPECT_EQ(readFile(folder / name), former);
     }
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 2);
-    fs::remove_all(folder);
+    EXPECT_EQ(fileCount(), 2);
+}
+
+TEST_F(PageWriterPosix, ALinkStaysALink) {
+    writeFile(folder / "page.png", former);
+    fs::create_symlink("page.png", folder / "link.png");
+    EXPECT_EQ(errorOf(folder / "link.png"), 0);
+    EXPECT_TRUE(fs::is_symlink(folder / "link.png"));
+    EXPECT_NE(readFile(folder / "page.png"), former);
+    EXPECT_EQ(fileCount(), 2);
 }
 
 } // namespace
