@@ -141,7 +141,8 @@ run)
     inside "$prefix" timeout -k 5 "${TIMEOUT:-120}" "$@"
     ;;
 stop)
-    endServer "$wine/opt/p-$1"
+    # Nothing of it is kept.
+    inside "$wine/opt/p-$1" wineserver -k9 >/dev/null 2>&1 || true
     rm -rf --one-file-system "$wine/opt/p-$1"
     ;;
 remove)
