@@ -113,6 +113,7 @@ prepare() {
 # A server that outlives single programs makes them start at once and keeps no pipe of the caller open.
 makePrefix() {
     local file
+    [ ! -d "$1" ] || return 0 # made while this process waited
     cp -al "$template" "$1"
     for file in system user userdef; do
         cp --remove-destination "$template/$file.reg" "$1/"

@@ -5,6 +5,8 @@ add_compile_options(-fno-omit-frame-pointer "-ffile-prefix-map=${CMAKE_SOURCE_DI
 add_link_options(-static -Wl,--no-insert-timestamp)
 # Position independent code is what Windows has anyway.
 set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
+# What is built here runs by Wine.
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/cmake/windows/run.sh)
 if(NOT PIXMO_TRAPS)
     add_link_options(-s)
 endif()

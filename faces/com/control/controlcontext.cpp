@@ -91,10 +91,13 @@ ControlFace& ControlContext::readyFace() {
 
 void ControlContext::initialise() {
     makeFace();
+    dirty_ = true;
+    // What a host has made of the control before it gives it a place stays.
+    if (initialised_)
+        return;
     const Starting starting(*this);
     initialised_ = true;
     face_->control()->UserControl_InitProperties();
-    dirty_ = true;
 }
 
 void ControlContext::read(const PropertyBag& bag) {

@@ -15,6 +15,12 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
+/// One for all tests: the system keeps its connections to a server that was asked once.
+SmallEngine& theEngine() {
+    static SmallEngine engine;
+    return engine;
+}
+
 class Loading : public testing::TestWithParam<HostProfile> {
 protected:
     void open(Container& host, SHORT page) {
@@ -45,7 +51,7 @@ protected:
         ModalWatcher::giveUp(dialog);
     }};
     Library library;
-    SmallEngine engine;
+    SmallEngine& engine = theEngine();
 };
 
 TEST_P(Loading, showsThePageAndTellsTheHost) {
@@ -87,10 +93,11 @@ protected:
         ModalWatcher::giveUp(dialog);
     }};
     Library library;
-    SmallEngine engine;
+    SmallEngine& engine = theEngine();
 };
 
 TEST_F(Documents, aDesignedFormAsksNoServer) {
+    const size_t before = engine.requests();
     Container host(library, FormDesign);
     host.initialise();
     host.activate();
@@ -98,7 +105,7 @@ TEST_F(Documents, aDesignedFormAsksNoServer) {
     EXPECT_EQ(host.put(L"DocID", Variant(int32_t{7})), S_OK);
     EXPECT_EQ(host.as<IImageView>()->LoadDocumentByDocID(7, 1), S_OK);
     pumpFor(200);
-    EXPECT_EQ(engine.requests(), 0U);
+    EXPECT_EQ(engine.requests(), before);
     EXPECT_EQ(host.text(L"DocID"), "0");
     EXPECT_TRUE(host.events.events.empty());
 }

@@ -39,10 +39,12 @@ void add(Snapshot& snapshot, HKEY key, const std::wstring& path) {
     }
 }
 
+/// The root of all classes is there for every user of Windows, but not in every new user's of Wine.
 Snapshot classesOf(HKEY root) {
     Snapshot snapshot;
     HKEY key = nullptr;
-    check(HRESULT_FROM_WIN32(RegOpenKeyExW(root, L"Software\\Classes", 0, KEY_READ, &key)));
+    check(HRESULT_FROM_WIN32(static_cast<DWORD>(
+        RegCreateKeyExW(root, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr))));
     add(snapshot, key, L"");
     RegCloseKey(key);
     return snapshot;

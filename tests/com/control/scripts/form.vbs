@@ -7,5 +7,6 @@ view.PrintCaption = "kept"
 Host.Show view
 Host.Sleep 50
 Host.Check view.hWnd <> 0, "a window"
+Host.Check view.PrintCaption = "kept", "what was set before stays"
 view.Refresh
 Host.Sleep 50
