@@ -2,11 +2,14 @@
 #include "tests/com/face/facetest.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <oleacc.h>
 
 namespace pixmo::com {
 namespace {
+
+static_assert(FLT_EVAL_METHOD == 0, "the pixels of a page are those of every other face");
 
 using Events = std::vector<std::string>;
 
