@@ -165,6 +165,7 @@ TEST_F(FaceView, TheMouseDragsThePageOrDrawsABand) {
         user::moveTo(onScreen(400, 400));
         user::buttonDown();
         user::moveTo(onScreen(380, 370));
+        EXPECT_TRUE(user::sees([&] { return view.verticalBar().position == 130; }));
         user::buttonUp();
     });
     EXPECT_EQ(view.horizontalBar().position, 120);
