@@ -8,7 +8,8 @@ namespace pixmo::form {
 /// A control in a part of a window. The window tells it of its size and its keys.
 class PlacedControl final : private SiteOwner {
 public:
-    explicit PlacedControl(HWND window) : window_(window), site_(com::makeObject<FormSite>(static_cast<SiteOwner&>(*this))) {}
+    explicit PlacedControl(HWND window)
+        : window_(window), site_(com::makeObject<FormSite>(static_cast<SiteOwner&>(*this))) {}
     ~PlacedControl() override { remove(); }
     PlacedControl(const PlacedControl&) = delete;
     PlacedControl& operator=(const PlacedControl&) = delete;
