@@ -113,6 +113,7 @@ prepare() {
 # A server that outlives single programs makes them start at once and keeps no pipe of the caller open.
 makePrefix() {
     local file
+    [ ! -d "$1" ] || return 0 # made while this process waited
     cp -al "$template" "$1"
     for file in system user userdef; do
         cp --remove-destination "$template/$file.reg" "$1/"
@@ -140,7 +141,8 @@ run)
     inside "$prefix" timeout -k 5 "${TIMEOUT:-120}" "$@"
     ;;
 stop)
-    endServer "$wine/opt/p-$1"
+    # Nothing of it is kept.
+    inside "$wine/opt/p-$1" wineserver -k9 >/dev/null 2>&1 || true
     rm -rf --one-file-system "$wine/opt/p-$1"
     ;;
 remove)

@@ -22,6 +22,7 @@ trap 'exit 143' TERM HUP
 
 if [ -x "$engine" ]; then
     export PIXMO_ENGINE='' PIXMO_SAMPLES=$root/samples/documents
+    : >"$scratch/engine"
     "$engine" --control --docs "$PIXMO_SAMPLES" >"$scratch/engine" 2>&1 &
     jobs+=($!)
     for ((turn = 0; turn < 200 && ${#PIXMO_ENGINE} == 0; turn++)); do

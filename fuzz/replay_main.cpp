@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
     for (const fs::path& path : files) {
         std::ifstream file(path, std::ios::binary);
         const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-        std::printf("%s: %zu bytes\n", path.filename().c_str(), bytes.size());
+        std::printf("%s: %zu bytes\n", path.filename().string().c_str(), bytes.size());
         std::fflush(stdout); // the last line names the file that brings the target down
         LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
     }

@@ -5,6 +5,12 @@ add_compile_options(-fno-omit-frame-pointer "-ffile-prefix-map=${CMAKE_SOURCE_DI
 add_link_options(-static -Wl,--no-insert-timestamp)
 # Position independent code is what Windows has anyway.
 set(CMAKE_POSITION_INDEPENDENT_CODE OFF)
+# What is built here runs by Wine.
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/cmake/windows/run.sh)
 if(NOT PIXMO_TRAPS)
     add_link_options(-s)
+endif()
+if(PIXMO_WINDOWS STREQUAL "i686")
+    # Numbers are rounded as on every other processor, so that every face shows the same pixels.
+    add_compile_options("$<$<COMPILE_LANGUAGE:C,CXX>:SHELL:-msse2 -mfpmath=sse>")
 endif()

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# run.sh PROGRAM ARGUMENTS... : runs a Windows program of this checkout by Wine, in a prefix and on a screen of its
-# own, with the tests' printer and beside a sample engine.
+# run.sh PROGRAM ARGUMENTS... : runs a Windows program of this checkout by Wine. One of the control library, com_...
+# or its helpers, has a prefix and a screen of its own, the tests' printer and a sample engine; the others need
+# nothing of the kind and share a prefix.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=$(cd "$here/../.." && pwd)
@@ -9,8 +10,14 @@ wine=$root/cmake/wine32.sh
 printer=$root/tests/com/printing/printer.ppd
 adding=$root/build/windows32-checked/bin/addprinter.exe
 
+name=$(basename "$1" .exe)
+case $name in
+*_tests | fuzz_*)
+    [[ $name == com_* ]] || DISPLAY='' exec "$wine" run "$checkout-plain" wine "$@"
+    ;;
+esac
 if [ -x "$adding" ]; then
     "$wine" prepare "printer-$(cksum <"$printer" | cut -d ' ' -f 1)" wine "$adding" "$printer"
 fi
 exec "$root/cmake/with-engine.sh" "$root/cmake/with-screen.sh" 1400x1100 \
-    "$wine" run "$checkout-$(basename "$1" .exe)" wine "$@"
+    "$wine" run "$checkout-$name" wine "$@"

@@ -3,7 +3,6 @@
 set(INSTALL_GTEST OFF)
 add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 set(PIXMO_TEST_RESULTS ${CMAKE_BINARY_DIR}/results)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/cmake/windows/run.sh)
 
 function(pixmo_register_test name)
     add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:Z:${PIXMO_TEST_RESULTS}/${name}.xml)

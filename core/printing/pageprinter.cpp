@@ -233,7 +233,7 @@ int32_t PagePrinter::widthOf(const std::string& text) const {
 
 /// What of the text fits into the width.
 std::string PagePrinter::lineOf(const std::string& anyText, int32_t width) const {
-    const std::string text = onOneLine(anyText);
+    std::string text = onOneLine(anyText);
     if (widthOf(text) <= width)
         return text;
     size_t fits = 0;

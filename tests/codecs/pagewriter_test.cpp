@@ -8,11 +8,9 @@
 #include <gtest/gtest.h>
 #include <tiffio.h>
 
-#include <csignal>
 #include <filesystem>
 #include <memory>
 #include <random>
-#include <sys/resource.h>
 
 namespace pixmo {
 namespace {
@@ -116,7 +114,8 @@ TEST_F(PageWriterTest, WhatIsWrittenReadsBackAlike) {
 TEST_F(PageWriterTest, TiffIsStoredAsItsDepthAsks) {
     for (const Kind& kind : Kinds) {
         PageFileWriter().write(page(kind.format, kind.colours), file("page.tif"));
-        const std::unique_ptr<TIFF, void (*)(TIFF*)> tiff(TIFFOpen(file("page.tif").c_str(), "r"), TIFFClose);
+        const std::unique_ptr<TIFF, void (*)(TIFF*)> tiff(TIFFOpen(file("page.tif").string().c_str(), "r"),
+                                                          TIFFClose);
         ASSERT_TRUE(tiff);
         uint16_t compression = 0;
         uint16_t photometric = 0;
@@ -127,14 +126,11 @@ TEST_F(PageWriterTest, TiffIsStoredAsItsDepthAsks) {
     }
 }
 
-TEST_F(PageWriterTest, ReplacesAFileAndFollowsALink) {
-    const std::vector<uint8_t> former = {'o', 'l', 'd'};
-    writeFile(file("page.png"), former);
-    fs::create_symlink("page.png", file("link.png"));
-    PageFileWriter().write(page(PixelFormat::Gray), file("link.png"));
-    EXPECT_TRUE(fs::is_symlink(file("link.png")));
+TEST_F(PageWriterTest, ReplacesAFile) {
+    writeFile(file("page.png"), std::vector<uint8_t>{'o', 'l', 'd'});
+    PageFileWriter().write(page(PixelFormat::Gray), file("page.png"));
     EXPECT_EQ(read(file("page.png")).width, Width);
-    EXPECT_EQ(fileCount(), 2U);
+    EXPECT_EQ(fileCount(), 1U);
 }
 
 TEST_F(PageWriterTest, WhereNothingCanBeWrittenNothingIsLeft) {
@@ -145,39 +141,6 @@ TEST_F(PageWriterTest, WhereNothingCanBeWrittenNothingIsLeft) {
     EXPECT_EQ(errorOf(Raster(), file("empty.png")), error_number::InvalidPicture);
     EXPECT_EQ(errorOf(Raster(), file("empty.tif")), error_number::InvalidPicture);
     EXPECT_EQ(fileCount(), 1U);
-}
-
-/// No file of this process grows beyond the limit, as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &former_);
-        rlimit limit = former_;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &former_); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit former_{};
-};
-
-TEST_F(PageWriterTest, AFullDiskLeavesTheFormerFile) {
-    const std::vector<uint8_t> former = {'o', 'l', 'd'};
-    for (const char* name : {"page.png", "page.tif"}) {
-        writeFile(file(name), former);
-        int32_t number = 0;
-        {
-            const FileSizeLimit limit(1000);
-            number = errorOf(page(PixelFormat::Rgb), file(name));
-        }
-        EXPECT_EQ(number, error_number::DiskFull);
-        EXPECT_EQ(readFile(file(name)), former);
-    }
-    EXPECT_EQ(fileCount(), 2U);
 }
 
 } // namespace

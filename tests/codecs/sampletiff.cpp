@@ -39,9 +39,10 @@ tmsize_t writeMemory(thandle_t handle, void* from, tmsize_t count) {
 
 toff_t seekMemory(thandle_t handle, toff_t offset, int origin) {
     MemoryFile& file = of(handle);
-    file.position = origin == SEEK_CUR   ? file.position + offset
-                    : origin == SEEK_END ? file.bytes.size() + offset
-                                         : offset;
+    const auto distance = static_cast<size_t>(offset);
+    file.position = origin == SEEK_CUR   ? file.position + distance
+                    : origin == SEEK_END ? file.bytes.size() + distance
+                                         : distance;
     return file.position;
 }
 

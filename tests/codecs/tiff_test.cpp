@@ -316,7 +316,8 @@ TEST(Tiff, OldStyleJpeg) {
                     << "at " << x << ", " << y;
 
     auto cut = bytes;
-    std::fill(cut.begin() + at + 600, cut.begin() + at + length, uint8_t{0});
+    std::fill(cut.begin() + static_cast<std::ptrdiff_t>(at + 600),
+              cut.begin() + static_cast<std::ptrdiff_t>(at + length), uint8_t{0});
     EXPECT_THROW(PageCodecs().decode(cut), Error);
 }
 

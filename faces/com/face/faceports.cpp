@@ -2,6 +2,7 @@
 
 #include "faces/com/ports/asyncreader.h"
 #include "faces/com/ports/clipboard.h"
+#include "faces/com/ports/clock.h"
 #include "faces/com/ports/codepage.h"
 #include "faces/com/ports/eventloop.h"
 #include "faces/com/ports/identity.h"
@@ -23,7 +24,7 @@ ControlPorts systemPorts(const SharedFaceLink& link) {
     ports.reader = std::make_shared<AsyncReader>();
     ports.settings = std::make_shared<SettingsStore>();
     ports.identity = std::make_shared<Identity>();
-    ports.clock = std::make_shared<SystemClock>();
+    ports.clock = std::make_shared<Clock>();
     ports.scratch = std::make_shared<ScratchFolder>();
     ports.clipboard = std::make_shared<Clipboard>();
     ports.printers = std::make_shared<Printers>(link);

@@ -110,7 +110,7 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
 
 void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     const CommonControls::Scope scope(*controls_);
-    bar_ = CreateWindowExW(0, TOOLBARCLASSNAMEW, name_,
+    bar_ = CreateWindowExW(layoutOf(parent_), TOOLBARCLASSNAMEW, name_,
                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
                                TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN |
                                (look_.captions ? 0 : TBSTYLE_LIST),

@@ -28,7 +28,10 @@ std::shared_ptr<FaceWindow> FaceWindow::create(HWND parent, const RECT& place, c
     window->link_ = link;
     window->control_ = control;
     const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
-    if (!window->make({L"Pixmo.ImageView"}, {parent, style, WS_EX_CONTROLPARENT, place, L"Pixmo"}) ||
+    // The bars are mirrored, the page never is.
+    const bool mirrored = link->host() && link->host()->rightToLeft();
+    const DWORD exStyle = WS_EX_CONTROLPARENT | (mirrored ? WS_EX_LAYOUTRTL | WS_EX_NOINHERITLAYOUT : 0);
+    if (!window->make({L"Pixmo.ImageView"}, {parent, style, exStyle, place, L"Pixmo"}) ||
         !window->makeChildren())
         return nullptr;
     window->connect();

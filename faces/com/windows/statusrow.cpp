@@ -53,8 +53,8 @@ StatusRow::StatusRow(HWND parent)
     : readOut_(makeText(parent, SS_LEFT)), status_(makeText(parent, SS_LEFT | SS_NOTIFY)),
       zoom_(makeText(parent, SS_RIGHT)) {
     const CommonControls::Scope scope(*controls_);
-    progress_ = CreateWindowExW(0, PROGRESS_CLASSW, L"Progress of the transfer", WS_CHILD | PBS_SMOOTH, 0, 0,
-                                0, 0, parent, nullptr, thisModule(), nullptr);
+    progress_ = CreateWindowExW(layoutOf(parent), PROGRESS_CLASSW, L"Progress of the transfer",
+                                WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
     tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
                            thisModule(), nullptr);
     SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, TipWidth);
@@ -65,7 +65,7 @@ StatusRow::StatusRow(HWND parent)
 
 HWND StatusRow::makeText(HWND parent, DWORD style) const {
     const CommonControls::Scope scope(*controls_);
-    return CreateWindowExW(0, L"STATIC", L"",
+    return CreateWindowExW(layoutOf(parent), L"STATIC", L"",
                            WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS | style, 0,
                            0, 0, 0, parent, nullptr, thisModule(), nullptr);
 }

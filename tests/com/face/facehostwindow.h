@@ -30,7 +30,7 @@ public:
     bool userMode() const override { return inUserMode; }
     Colour ambientBackColor() const override { return {0x8000000F}; }
     Font ambientFont() const override { return {}; }
-    bool rightToLeft() const override { return false; }
+    bool rightToLeft() const override { return isMirrored; }
     void propertyChanged(const std::string& name) override { changes.push_back(name); }
     HWND ownerWindow() const override { return handle(); }
     void enableModeless(bool enable) override { modeless.push_back(enable); }
@@ -38,6 +38,7 @@ public:
     bool mayWriteFiles() const override { return true; }
 
     bool inUserMode = true;
+    bool isMirrored = false;
     std::vector<std::string> changes;
     std::vector<bool> modeless;
     int activations = 0;

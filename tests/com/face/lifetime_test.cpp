@@ -81,6 +81,21 @@ TEST_F(FaceLifetime, WindowsComeAndGoWithTheControlStaying) {
     host->face().destroyWindow();
 }
 
+TEST_F(FaceLifetime, AHostReadFromTheRightGetsItsBarsSo) {
+    host->isMirrored = true;
+    host->face().destroyWindow();
+    ASSERT_TRUE(host->face().createWindow(host->handle(), {0, 0, 700, 500}));
+    host->face().show(true);
+    load();
+    RECT outer{};
+    GetWindowRect(host->face().window(), &outer);
+    EXPECT_GT(buttonPlace("PRINT").x, buttonPlace("FITWIDTH").x);
+    RECT readOut{};
+    GetWindowRect(part(L"Static"), &readOut);
+    EXPECT_GT(readOut.left, (outer.left + outer.right) / 2);
+    EXPECT_EQ(GetWindowLongPtrW(page(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0) << "the page is as it is";
+}
+
 TEST_F(FaceLifetime, ManyFacesLeaveNothing) {
     load();
     const int before = windowCount();

@@ -39,6 +39,12 @@ int show(const std::vector<std::string>& words) {
     const auto control = host->face().control();
     std::vector<std::string> commands;
     control->setProperty("EngineAddress", words[0]);
+    if (words.back() == "mirrored") {
+        host->isMirrored = true;
+        host->face().destroyWindow();
+        host->face().createWindow(host->handle(), {0, 0, inside.cx, inside.cy});
+        host->face().show(true);
+    }
     for (size_t i = 5; i < words.size(); ++i) {
         if (words[i].find('=') == std::string::npos)
             commands.push_back(words[i]);

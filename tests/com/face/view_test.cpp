@@ -2,11 +2,14 @@
 #include "tests/com/face/facetest.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <oleacc.h>
 
 namespace pixmo::com {
 namespace {
+
+static_assert(FLT_EVAL_METHOD == 0, "the pixels of a page are those of every other face");
 
 using Events = std::vector<std::string>;
 
@@ -162,6 +165,7 @@ TEST_F(FaceView, TheMouseDragsThePageOrDrawsABand) {
         user::moveTo(onScreen(400, 400));
         user::buttonDown();
         user::moveTo(onScreen(380, 370));
+        EXPECT_TRUE(user::sees([&] { return view.verticalBar().position == 130; }));
         user::buttonUp();
     });
     EXPECT_EQ(view.horizontalBar().position, 120);

@@ -2,6 +2,7 @@
 #include "core/base/files.h"
 #include "core/imaging/raster.h"
 #include "faces/com/ports/clipboard.h"
+#include "faces/com/ports/clock.h"
 #include "faces/com/ports/codepage.h"
 #include "faces/com/ports/eventloop.h"
 #include "faces/com/ports/messagebox.h"
@@ -11,6 +12,7 @@
 #include "tests/com/ports/waiting.h"
 
 #include <aclapi.h>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 namespace pixmo::com {
@@ -199,6 +201,20 @@ TEST(ComCodePage, IsTheSystems) {
     ASSERT_EQ(GetACP(), 1252U) << "the bench has another code page";
     EXPECT_EQ(toAnsi("\u20AC\u00E9\u0081"), "\x80\xE9\x81");
     EXPECT_EQ(fromAnsi("\x99"), "\u2122");
+}
+
+TEST(ComClock, SpeaksAsTheUserHasSetIt) {
+    const std::string now = Clock().generalDate();
+    unsigned month = 0;
+    unsigned day = 0;
+    unsigned year = 0;
+    ASSERT_EQ(std::sscanf(now.c_str(), "%u/%u/%u ", &month, &day, &year), 3) << now;
+    SYSTEMTIME facts{};
+    GetLocalTime(&facts);
+    EXPECT_EQ(year, facts.wYear);
+    EXPECT_EQ(month, facts.wMonth);
+    EXPECT_TRUE(now.ends_with("AM") || now.ends_with("PM")) << now;
+    EXPECT_LE(now.size(), 30U);
 }
 
 /// A host that counts.

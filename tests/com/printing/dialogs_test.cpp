@@ -86,8 +86,8 @@ TEST_F(ComPrintDialog, MoreOptionsEnlargeTheDialogAndAreRemembered) {
         const LONG small = height();
         click(L"More Options");
         EXPECT_TRUE(user::sees([] { return find(L"Less Options") != nullptr; }));
-        EXPECT_GT(height(), small + 100);
-        EXPECT_TRUE(IsWindowVisible(find(L"Page Range")));
+        EXPECT_TRUE(user::sees([small] { return height() > small + 100; }));
+        EXPECT_TRUE(user::sees([] { return IsWindowVisible(find(L"Page Range")) != FALSE; }));
         EXPECT_FALSE(IsWindowVisible(find(L"Pages to print"))) << "only with the selected pages";
         user::press(VK_ESCAPE);
     });
