@@ -141,8 +141,8 @@ run)
     inside "$prefix" timeout -k 5 "${TIMEOUT:-120}" "$@"
     ;;
 stop)
-    # Nothing of it is kept.
-    inside "$wine/opt/p-$1" wineserver -k9 >/dev/null 2>&1 || true
+    # A server that is killed would leave its services running.
+    [ ! -d "$wine/opt/p-$1" ] || endServer "$wine/opt/p-$1"
     rm -rf --one-file-system "$wine/opt/p-$1"
     ;;
 remove)
