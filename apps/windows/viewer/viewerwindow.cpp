@@ -29,8 +29,6 @@ constexpr int ButtonWidth = 75;
 constexpr int WindowWidth = 900;
 constexpr int WindowHeight = 950;
 
-constexpr UINT DpiChanged = 0x02E0; ///< lParam: the new place
-
 HWND makeChild(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD style, int id) {
     const DWORD edge = std::wstring_view(kind) == WC_EDITW ? WS_EX_CLIENTEDGE : 0;
     return CreateWindowExW(edge, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, parent,
@@ -237,7 +235,7 @@ LRESULT ViewerWindow::handle(UINT message, WPARAM first, LPARAM second) {
     case WM_SIZE:
         layOut();
         return 0;
-    case DpiChanged: {
+    case com::DpiChanged: {
         const RECT& wanted = *reinterpret_cast<const RECT*>(second);
         takeFont();
         MoveWindow(window_, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top,

@@ -49,6 +49,7 @@ private:
     Look lookOf(const Toolbar& toolbar) const;
     void makeWindow(const Toolbar& toolbar);
     void setSizes() const;
+    SIZE pictureSize() const;
     void addButtons(const Toolbar& toolbar) const;
     void setWidth(int command, const std::wstring& caption) const;
     HIMAGELIST makeImages(const Toolbar& toolbar, COLORREF colour) const;

@@ -12,9 +12,6 @@ namespace pixmo::com {
 
 namespace {
 
-/// Sent to the windows of a parent that has come to a screen of another resolution, after it has.
-constexpr UINT DpiChangedAfterParent = 0x02E3;
-
 RECT rectOf(const Box& box, int border) {
     return {box.left + border, box.top + border, box.left + box.width + border,
             box.top + box.height + border};
@@ -99,7 +96,7 @@ void FaceWindow::applyLook() {
         rgbOf(back == ButtonFace ? GetSysColor(COLOR_APPWORKSPACE) : toColorRef(back)));
     toolbar_->renew(font_.get());
     status_->setFont(font_.get(), dpi_);
-    page_->setFont(font_.get());
+    page_->setFont(font_.get(), dpi_);
     debug_->setResolution(dpi_);
     EnableWindow(handle(), std::get<bool>(control_->property("Enabled")));
     control_->lvrImage().resize();
@@ -194,7 +191,8 @@ std::optional<LRESULT> FaceWindow::onMessage(UINT message, WPARAM wParam, LPARAM
         return result;
     switch (message) {
     case WM_SIZE:
-        if (std::exchange(dpi_, dpiOf(handle())) != dpi_)
+        // A host may have brought the window to another screen without a word.
+        if (dpi_ != dpiOf(handle()))
             applyLook();
         layOutChildren(true);
         return 0;

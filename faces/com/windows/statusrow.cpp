@@ -16,7 +16,7 @@ constexpr int TextMargin = 6; ///< device-independent pixels, as all here
 constexpr int RowMargin = 3;
 constexpr int ProgressWidth = 120;
 constexpr int ProgressHeight = 10;
-constexpr WPARAM TipWidth = 400;
+constexpr int TipWidth = 400;
 
 std::wstring oneLine(const std::string& utf8) {
     std::wstring text = toWide(utf8);
@@ -32,9 +32,14 @@ void showText(HWND window, std::wstring& shown, std::wstring text) {
     SetWindowTextW(window, shown.c_str());
 }
 
+/// A text that did not fit before is drawn anew as a whole.
 void move(HWND window, const Box& box, POINT origin, int margin) {
-    SetWindowPos(window, nullptr, origin.x + box.left + margin, origin.y + box.top,
-                 std::max(0, box.width - 2 * margin), box.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    const int width = std::max(0, box.width - 2 * margin);
+    RECT present{};
+    GetClientRect(window, &present);
+    const bool sameSize = present.right == width && present.bottom == box.height;
+    SetWindowPos(window, nullptr, origin.x + box.left + margin, origin.y + box.top, width, box.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE | (sameSize ? 0U : SWP_NOCOPYBITS));
 }
 
 TTTOOLINFOW toolOf(HWND window, std::wstring& text) {
@@ -57,7 +62,6 @@ StatusRow::StatusRow(HWND parent)
                                 WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
     tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
                            thisModule(), nullptr);
-    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, TipWidth);
     std::wstring none;
     TTTOOLINFOW tool = toolOf(status_, none);
     SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
@@ -93,6 +97,7 @@ void StatusRow::setFont(HFONT font, int dpi) {
     dpi_ = dpi;
     for (const HWND window : {readOut_, status_, zoom_})
         SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, scaled(TipWidth, dpi));
 }
 
 void StatusRow::measure(LayoutMeasures& measures) const {

@@ -14,7 +14,6 @@ namespace {
 constexpr Size UsualSize = {420, 560}; ///< device-independent pixels
 constexpr Size LeastSize = {160, 160};
 constexpr int BesideOwner = 8;
-constexpr UINT DpiChanged = 0x02E0; ///< lParam: the new place
 
 Rectangle unscaled(const RECT& r, int dpi) {
     const auto independent = [dpi](LONG length) { return MulDiv(length, UsualDpi, dpi); };
