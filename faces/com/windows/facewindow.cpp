@@ -67,6 +67,11 @@ void FaceWindow::connect() {
     }));
     link_->PropertyChanged.connect(
         whileThere([](FaceWindow& window, const std::string& name) { window.applyProperty(name); }));
+    watcher_ =
+        LookWatcher::create(whileThere([](FaceWindow& window, UINT message, WPARAM wParam, LPARAM lParam) {
+            tellControls(window.handle(), message, wParam, lParam);
+            window.applyLook();
+        }));
 }
 
 void FaceWindow::applyProperty(const std::string& name) {
@@ -213,10 +218,8 @@ std::optional<LRESULT> FaceWindow::onMessage(UINT message, WPARAM wParam, LPARAM
         if (reinterpret_cast<HWND>(wParam) == toolbar_->handle())
             showToolbarMenu(lParam);
         return 0;
+    case DpiChanged: // of a host that hands it on
     case DpiChangedAfterParent:
-    case WM_SYSCOLORCHANGE:
-    case WM_THEMECHANGED:
-    case WM_SETTINGCHANGE:
         applyLook();
         return 0;
     default:

@@ -101,6 +101,11 @@ void ThumbsView::resizeThumbs() {
         thumbs->resized();
 }
 
+void ThumbsView::renew() {
+    applyResolution();
+    resizeThumbs();
+}
+
 void ThumbsView::mirror() {
     const auto thumbs = thumbs_.lock();
     if (!thumbs || !handle())

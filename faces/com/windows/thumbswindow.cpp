@@ -2,6 +2,7 @@
 
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/dpi.h"
+#include "faces/com/windows/lookwatcher.h"
 #include "faces/com/windows/popupmenu.h"
 
 #include <algorithm>
@@ -162,7 +163,7 @@ void ThumbsWindow::layOutChildren() {
 
 void ThumbsWindow::applyLook() {
     toolbar_->renew(nullptr);
-    view_->resizeThumbs();
+    view_->renew();
     mirror();
     InvalidateRect(handle(), nullptr, TRUE);
 }
@@ -208,6 +209,7 @@ std::optional<LRESULT> ThumbsWindow::onMessage(UINT message, WPARAM wParam, LPAR
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
+        tellControls(handle(), message, wParam, lParam);
         applyLook();
         return 0;
     default:
