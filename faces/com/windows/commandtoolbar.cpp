@@ -42,12 +42,21 @@ BYTE stateOf(const ToolButton& button) {
                              (button.Pressed ? TBSTATE_CHECKED : 0));
 }
 
-/// The icon in one colour, as wide as the picture and in its middle; all transparent for a key without one.
-BitmapHandle makePicture(const std::string& key, SIZE size, COLORREF colour) {
+/// How much of each pixel the icon covers. A mirrored toolbar turns its pictures round: those that point
+/// nowhere come turned.
+std::vector<uint8_t> coverageOf(const std::string& key, int32_t size, bool mirrored) {
+    std::vector<uint8_t> cover = commandIcon(key, size);
+    if (mirrored && !isIconDirectional(key))
+        for (auto row = cover.begin(); row != cover.end(); row += size)
+            std::reverse(row, row + size);
+    return cover;
+}
+
+/// The icon in one colour, as wide as the picture and in its middle; all transparent without coverage.
+BitmapHandle makePicture(const std::vector<uint8_t>& cover, SIZE size, COLORREF colour) {
     const BITMAPINFO info = describePixels({size.cx, size.cy});
     void* bits = nullptr;
     BitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    const std::vector<uint8_t> cover = commandIcon(key, size.cx);
     auto* pixels = static_cast<uint32_t*>(bits) + (size.cy - size.cx) / 2 * size.cx;
     for (size_t i = 0; bitmap && i < cover.size(); ++i)
         pixels[i] = uint32_t{cover[i]} << 24U | rgbOf(colour);
@@ -56,8 +65,8 @@ BitmapHandle makePicture(const std::string& key, SIZE size, COLORREF colour) {
 
 } // namespace
 
-CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, Run run)
-    : parent_(parent), name_(name), run_(std::move(run)) {}
+CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, bool mirrored, Run run)
+    : parent_(parent), name_(name), mirrored_(mirrored), run_(std::move(run)) {}
 
 CommandToolbar::~CommandToolbar() {
     destroyWindow();
@@ -86,8 +95,9 @@ CommandToolbar::Look CommandToolbar::lookOf(const Toolbar& toolbar) const {
     return look;
 }
 
-void CommandToolbar::renew(HFONT font) {
+void CommandToolbar::renew(HFONT font, HBRUSH back) {
     font_ = font;
+    back_ = back;
     destroyWindow();
 }
 
@@ -111,9 +121,10 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
 
 void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     const CommonControls::Scope scope(*controls_);
-    bar_ = CreateWindowExW(layoutOf(parent_), TOOLBARCLASSNAMEW, name_,
-                           WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
-                               TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN,
+    bar_ = CreateWindowExW(mirrored_ ? WS_EX_LAYOUTRTL : 0, TOOLBARCLASSNAMEW, name_,
+                           WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_CUSTOMERASE |
+                               TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE |
+                               CCS_NOPARENTALIGN,
                            0, 0, 0, 0, parent_, nullptr, thisModule(), nullptr);
     if (font_)
         SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
@@ -172,7 +183,8 @@ HIMAGELIST CommandToolbar::makeImages(const Toolbar& toolbar, COLORREF colour) c
     const SIZE size = pictureSize();
     const HIMAGELIST images = controls_->makeImages(size, static_cast<int>(toolbar.Buttons.size()));
     for (const ToolButton& button : toolbar.Buttons)
-        controls_->addImage(images, makePicture(button.Key, size, colour).get());
+        controls_->addImage(images,
+                            makePicture(coverageOf(button.Key, size.cx, mirrored_), size, colour).get());
     return images;
 }
 
@@ -211,10 +223,24 @@ std::optional<LRESULT> CommandToolbar::onParentMessage(UINT message, WPARAM wPar
     if (message != WM_NOTIFY)
         return std::nullopt;
     auto* const header = reinterpret_cast<NMHDR*>(lParam);
-    if (header->hwndFrom != bar_ || header->code != TBN_GETINFOTIPW)
+    if (header->hwndFrom != bar_)
+        return std::nullopt;
+    if (header->code == NM_CUSTOMDRAW)
+        return erase(*reinterpret_cast<NMTBCUSTOMDRAW*>(lParam));
+    if (header->code != TBN_GETINFOTIPW)
         return std::nullopt;
     showTip(*reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
     return 0;
+}
+
+/// A flat toolbar would have its parent draw behind the buttons, in the wrong place where it is mirrored.
+std::optional<LRESULT> CommandToolbar::erase(const NMTBCUSTOMDRAW& drawing) const {
+    if (drawing.nmcd.dwDrawStage != CDDS_PREERASE)
+        return std::nullopt;
+    RECT all{};
+    GetClientRect(bar_, &all);
+    FillRect(drawing.nmcd.hdc, &all, back_);
+    return CDRF_SKIPDEFAULT;
 }
 
 void CommandToolbar::showTip(NMTBGETINFOTIPW& tip) const {

@@ -34,6 +34,7 @@ protected:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    bool takeLayout() const;
     bool makeChildren();
     void connect();
     void layOutChildren(bool resized);

@@ -54,11 +54,12 @@ TTTOOLINFOW toolOf(HWND window, std::wstring& text) {
 
 } // namespace
 
-StatusRow::StatusRow(HWND parent)
-    : readOut_(makeText(parent, SS_LEFT)), status_(makeText(parent, SS_LEFT | SS_NOTIFY)),
-      zoom_(makeText(parent, SS_RIGHT)) {
+StatusRow::StatusRow(HWND parent, bool mirrored)
+    : mirrored_(mirrored), readOut_(makeText(parent, mirrored ? SS_RIGHT : SS_LEFT)),
+      status_(makeText(parent, (mirrored ? SS_RIGHT : SS_LEFT) | SS_NOTIFY)),
+      zoom_(makeText(parent, mirrored ? SS_LEFT : SS_RIGHT)) {
     const CommonControls::Scope scope(*controls_);
-    progress_ = CreateWindowExW(layoutOf(parent), PROGRESS_CLASSW, L"Progress of the transfer",
+    progress_ = CreateWindowExW(mirrored ? WS_EX_LAYOUTRTL : 0, PROGRESS_CLASSW, L"Progress of the transfer",
                                 WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
     tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
                            thisModule(), nullptr);
@@ -69,7 +70,7 @@ StatusRow::StatusRow(HWND parent)
 
 HWND StatusRow::makeText(HWND parent, DWORD style) const {
     const CommonControls::Scope scope(*controls_);
-    return CreateWindowExW(layoutOf(parent), L"STATIC", L"",
+    return CreateWindowExW(0, L"STATIC", L"",
                            WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS | style, 0,
                            0, 0, 0, parent, nullptr, thisModule(), nullptr);
 }
@@ -106,6 +107,7 @@ void StatusRow::measure(LayoutMeasures& measures) const {
     measures.readOutWidth = readOut.cx + margins;
     measures.statusHeight = readOut.cy + 2 * scaled(RowMargin, dpi_);
     measures.gap = scaled(measures.gap, dpi_);
+    measures.fromRight = mirrored_;
     if (progressPercent_ >= 0)
         measures.progressWidth = scaled(ProgressWidth, dpi_);
     if (!zoomText_.empty())

@@ -54,7 +54,7 @@ std::shared_ptr<ThumbsWindow> ThumbsWindow::create(HWND owner) {
 
 bool ThumbsWindow::makeChildren() {
     icons_.giveTo(handle());
-    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands",
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands", false,
                                                 [this](const std::string& key) { run(key); });
     view_ = ThumbsView::create(handle());
     if (!view_)
@@ -162,7 +162,7 @@ void ThumbsWindow::layOutChildren() {
 }
 
 void ThumbsWindow::applyLook() {
-    toolbar_->renew(nullptr);
+    toolbar_->renew(nullptr, GetSysColorBrush(COLOR_BTNFACE));
     view_->renew();
     mirror();
     InvalidateRect(handle(), nullptr, TRUE);
