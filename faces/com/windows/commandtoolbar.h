@@ -26,8 +26,8 @@ public:
 
     HWND handle() const { return bar_; }
     void mirror(const Toolbar& toolbar);
-    /// Colours, resolution or the font have changed; nullptr: the system's. What lies behind the buttons is the
-    /// owner's.
+    /// Colours, resolution or the font have changed; nullptr: the system's. What lies behind the buttons is
+    /// the owner's.
     void renew(HFONT font, HBRUSH back);
     /// Of all its rows, device pixels.
     int heightFor(int width) const;
