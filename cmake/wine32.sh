@@ -22,7 +22,7 @@ cannot() {
 
 if [ "$(id -u)" -ne 0 ]; then
     { command -v sudo && sudo -n true; } >/dev/null 2>&1 || cannot "no 32-bit Wine here: that needs root or sudo"
-    exec sudo -n --preserve-env=PIXMO_WINE32,TIMEOUT,DISPLAY,DPI,PIXMO_ENGINE,PIXMO_SAMPLES "${BASH_SOURCE[0]}" "$@"
+    exec sudo -n --preserve-env=PIXMO_WINE32,TIMEOUT,DISPLAY,DPI,PIXMO_ENGINE,PIXMO_SAMPLES,GTEST_TOTAL_SHARDS,GTEST_SHARD_INDEX "${BASH_SOURCE[0]}" "$@"
 fi
 
 # inside PREFIX COMMAND... : in the root of Wine, with nothing of the caller's environment but what is named.
@@ -32,7 +32,7 @@ inside() {
     shift
     while IFS= read -r name; do
         own+=("$name=${!name}")
-    done < <(compgen -e PIXMO_ || true)
+    done < <(compgen -e PIXMO_ || true; compgen -e GTEST_ || true)
     # shellcheck disable=SC2016
     unshare --mount --propagation private sh -c '
         set -e

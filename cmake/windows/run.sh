@@ -21,4 +21,4 @@ if [ -x "$adding" ]; then
     "$wine" prepare "printer-$(cksum <"$printer" | cut -d ' ' -f 1)" wine "$adding" "$printer"
 fi
 exec "$root/cmake/with-engine.sh" "$root/cmake/with-screen.sh" 1400x1100 \
-    "$wine" run "$checkout-$name" wine "$@"
+    "$wine" run "$checkout-$name${GTEST_SHARD_INDEX:-}" wine "$@"

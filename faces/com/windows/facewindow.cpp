@@ -164,11 +164,22 @@ bool FaceWindow::translateKey(MSG& message) {
     const bool inDebug = message.hwnd == debug_->handle();
     if (message.hwnd != page_->handle() && !inDebug)
         return false;
+    if (message.wParam == VK_TAB)
+        return passFocus(inDebug);
     const bool copies = inDebug && (message.wParam == 'C' || message.wParam == 'A') && shiftState() == 2;
     if (!copies && !control_->commands().isKey(static_cast<int16_t>(message.wParam), shiftState()))
         return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);
+    return true;
+}
+
+/// By Tab from the page to the trace, back by Shift+Tab; out of the control it is the host's.
+bool FaceWindow::passFocus(bool inDebug) {
+    const bool backward = shiftState() == 1;
+    if ((shiftState() != 0 && !backward) || backward != inDebug || !control_->commands().debugShown)
+        return false;
+    SetFocus(inDebug ? page_->handle() : debug_->handle());
     return true;
 }
 

@@ -39,6 +39,7 @@ private:
     void connect();
     void layOutChildren(bool resized);
     void applyProperty(const std::string& name);
+    bool passFocus(bool inDebug);
     void showToolbarMenu(LPARAM lParam);
     void paintBack(HDC dc) const;
     std::optional<LRESULT> colourOf(HDC dc, HWND child) const;
