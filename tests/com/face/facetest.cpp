@@ -101,6 +101,8 @@ std::vector<uint32_t> FaceTest::pixels(HWND window, SIZE& size) const {
     if (!buffer.resize({client.right, client.bottom}))
         return {};
     const HDC source = GetDC(window);
+    // From left to right, as they are seen.
+    SetLayout(source, 0);
     BitBlt(buffer.dc(), 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
     ReleaseDC(window, source);
     const PixelSurface surface = buffer.surface();
