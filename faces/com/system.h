@@ -21,6 +21,3 @@
 #undef StartDoc
 #undef TextOut
 #undef small
-
-// Interfaces of COM have no virtual destructor: objects end by their own Release.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
