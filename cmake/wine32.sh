@@ -6,8 +6,8 @@
 #   wine32.sh stop NAME              ends what runs in that prefix and removes it
 #   wine32.sh remove                 removes everything
 # Inside, the checkout has the path it has outside, and the working folder is the caller's.
-# PIXMO_WINE32 is the folder, TIMEOUT the seconds a command may take, DISPLAY the screen. Variables whose name
-# begins with PIXMO_ reach the command. Status 75: this machine cannot do it; one line says why.
+# PIXMO_WINE32 is the folder, TIMEOUT the seconds a command may take, DISPLAY the screen, DPI the pixels per inch of a
+# prefix that is made (96). Variables whose name begins with PIXMO_ reach the command. Status 75: this machine cannot do it; one line says why.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 wine=${PIXMO_WINE32:-/var/tmp/pixmo-wine32}
@@ -22,7 +22,7 @@ cannot() {
 
 if [ "$(id -u)" -ne 0 ]; then
     { command -v sudo && sudo -n true; } >/dev/null 2>&1 || cannot "no 32-bit Wine here: that needs root or sudo"
-    exec sudo -n --preserve-env=PIXMO_WINE32,TIMEOUT,DISPLAY,PIXMO_ENGINE,PIXMO_SAMPLES "${BASH_SOURCE[0]}" "$@"
+    exec sudo -n --preserve-env=PIXMO_WINE32,TIMEOUT,DISPLAY,DPI,PIXMO_ENGINE,PIXMO_SAMPLES,GTEST_TOTAL_SHARDS,GTEST_SHARD_INDEX "${BASH_SOURCE[0]}" "$@"
 fi
 
 # inside PREFIX COMMAND... : in the root of Wine, with nothing of the caller's environment but what is named.
@@ -32,7 +32,7 @@ inside() {
     shift
     while IFS= read -r name; do
         own+=("$name=${!name}")
-    done < <(compgen -e PIXMO_ || true)
+    done < <(compgen -e PIXMO_ || true; compgen -e GTEST_ || true)
     # shellcheck disable=SC2016
     unshare --mount --propagation private sh -c '
         set -e
@@ -118,6 +118,7 @@ makePrefix() {
     for file in system user userdef; do
         cp --remove-destination "$template/$file.reg" "$1/"
     done
+    sed -i "s/^\"LogPixels\"=.*/\"LogPixels\"=dword:$(printf %08x "${DPI:-96}")/" "$1/system.reg" "$1/user.reg"
     inside "$1" sh -c 'wineserver -p600; wine cmd /c exit' >/dev/null 2>&1 || true
 }
 
@@ -141,8 +142,8 @@ run)
     inside "$prefix" timeout -k 5 "${TIMEOUT:-120}" "$@"
     ;;
 stop)
-    # Nothing of it is kept.
-    inside "$wine/opt/p-$1" wineserver -k9 >/dev/null 2>&1 || true
+    # A server that is killed would leave its services running.
+    [ ! -d "$wine/opt/p-$1" ] || endServer "$wine/opt/p-$1"
     rm -rf --one-file-system "$wine/opt/p-$1"
     ;;
 remove)

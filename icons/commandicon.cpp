@@ -66,6 +66,9 @@ std::vector<uint8_t> coverageOf(const Raster& raster) {
     return coverage;
 }
 
+constexpr std::array<std::string_view, 5> Directional = {"PAGEPREV", "PAGENEXT", "PAGEFIRST", "PAGELAST",
+                                                         "PAGEGOTO"};
+
 } // namespace
 
 std::vector<uint8_t> commandIcon(std::string_view key, int32_t size) {
@@ -77,6 +80,10 @@ std::vector<uint8_t> commandIcon(std::string_view key, int32_t size) {
 
 bool hasCommandIcon(std::string_view key) {
     return !drawingOf(key).empty();
+}
+
+bool isIconDirectional(std::string_view key) {
+    return std::find(Directional.begin(), Directional.end(), key) != Directional.end();
 }
 
 } // namespace pixmo

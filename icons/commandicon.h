@@ -12,4 +12,8 @@ std::vector<uint8_t> commandIcon(std::string_view key, int32_t size);
 
 bool hasCommandIcon(std::string_view key);
 
+/// Whether the icon points along the pages: where they follow one another from right to left, it is turned
+/// round.
+bool isIconDirectional(std::string_view key);
+
 } // namespace pixmo

@@ -27,6 +27,9 @@ ControlLayout layOut(const LayoutMeasures& m) {
     layout.status = {statusLeft, statusTop,
                      std::max(0, layout.progress.left - (progressWidth > 0 ? m.gap : 0) - statusLeft),
                      statusHeight};
+    if (m.fromRight)
+        for (Box* const box : {&layout.readOut, &layout.status, &layout.progress, &layout.zoom})
+            box->left = width - box->left - box->width;
     return layout;
 }
 

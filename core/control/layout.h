@@ -24,6 +24,7 @@ struct LayoutMeasures {
     int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
     bool debugShown = false;
     int32_t gap = 6; ///< between the fields of the status line
+    bool fromRight = false; ///< the status line is read from its right end
 };
 
 /// Where the children of the control go.
@@ -38,7 +39,7 @@ struct ControlLayout {
 };
 
 /// The toolbar on top, the status line at the bottom, the view between them. The status line has the page
-/// read-out at its left end and the zoom at its right end. The view keeps no less than nothing; what does not
+/// read-out at its left end and the zoom at its right end, or the other way round. The view keeps no less than nothing; what does not
 /// fit is cut from the bottom up.
 ControlLayout layOut(const LayoutMeasures& measures);
 

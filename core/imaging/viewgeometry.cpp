@@ -59,11 +59,14 @@ void ViewGeometry::turnPicture(Turn turn) {
 
 void ViewGeometry::setViewport(Size devicePixels, double dotsPerInch) {
     const bool keepsMiddle = fit_ == Fit::None && !viewport_.empty();
-    const RealPoint share = shareAt(keepsMiddle ? middle() : RealPoint());
+    const RealPoint share = keepsMiddle ? middleShare() : shareAt({});
     viewport_ = {std::max(0, devicePixels.width), std::max(0, devicePixels.height)};
     dotsPerInch_ = dotsPerInch;
     size_ = sizeIn(viewport_);
-    putShare(share, keepsMiddle ? middle() : RealPoint());
+    if (keepsMiddle)
+        putMiddle(share);
+    else
+        putShare(share, {});
 }
 
 SizeMode ViewGeometry::sizeMode() const {
@@ -121,10 +124,11 @@ void ViewGeometry::goTo(const ViewPlace& place) {
     fit_ = place.fit;
     zoom_ = place.zoom;
     size_ = sizeIn(viewport_);
-    putShare(place.middle, middle());
+    putMiddle(place.middle);
 }
 
 void ViewGeometry::scrollTo(int32_t x, int32_t y) {
+    middle_.reset();
     scrollX_ = clampedScroll(x, size_.width, viewport_.width);
     scrollY_ = clampedScroll(y, size_.height, viewport_.height);
 }
@@ -215,8 +219,14 @@ RealPoint ViewGeometry::shareAt(RealPoint view) const {
 
 /// Scrolls so that the place comes to the point.
 void ViewGeometry::putShare(RealPoint share, RealPoint view) {
+    middle_.reset();
     scrollX_ = clampedScroll(share.x * size_.width - view.x, size_.width, viewport_.width);
     scrollY_ = clampedScroll(share.y * size_.height - view.y, size_.height, viewport_.height);
+}
+
+void ViewGeometry::putMiddle(RealPoint share) {
+    putShare(share, middle());
+    middle_ = share;
 }
 
 } // namespace pixmo

@@ -4,6 +4,7 @@
 #include "core/imaging/rotation.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace pixmo {
 
@@ -72,7 +73,7 @@ public:
     /// Zooms and scrolls so that the picture comes to lie there, as far as it may.
     void place(const Rectangle& destination);
 
-    ViewPlace keptPlace() const { return {fit_, zoom_, shareAt(middle())}; }
+    ViewPlace keptPlace() const { return {fit_, zoom_, middleShare()}; }
     void goTo(const ViewPlace& place);
 
     void scrollTo(int32_t x, int32_t y);
@@ -108,7 +109,9 @@ private:
     void fit(Fit fit);
     double scaleIn(Size viewport) const;
     RealPoint shareAt(RealPoint view) const;
+    RealPoint middleShare() const { return middle_.value_or(shareAt(middle())); }
     void putShare(RealPoint share, RealPoint view);
+    void putMiddle(RealPoint share);
 
     Size picture_;
     double xResolution_ = 96;
@@ -120,6 +123,9 @@ private:
     Size size_;        ///< of the shown picture
     int32_t scrollX_ = 0;
     int32_t scrollY_ = 0;
+    /// What is to be in the middle, while nobody scrolls: the place of whole pixels is beside it by up to
+    /// half a pixel, which would add up from one size of the view to the next.
+    std::optional<RealPoint> middle_;
 };
 
 } // namespace pixmo

@@ -111,7 +111,8 @@ class FaceDriver {
 public:
     virtual ~FaceDriver() = default;
 
-    // The control. At most one at a time; the host's window is in front and `lvrImage` has the focus.
+    // The control, 900 x 700 device-independent pixels large. At most one at a time; the host's window is in
+    // front and `lvrImage` has the focus.
     virtual void create() = 0;
     /// Its windows and its page files are gone, its settings are stored.
     virtual void destroy() = 0;

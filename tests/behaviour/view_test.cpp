@@ -13,23 +13,45 @@ protected:
         for (int step = 0; step < steps; ++step)
             face->command("ZOOMIN");
     }
+    /// As large without its scroll bars, which are not as wide on every face.
+    void makeView(int32_t width, int32_t height) {
+        for (int turn = 0; turn < 2; ++turn) {
+            const Picture shown = face->picture();
+            controlSize_.first += width - shown.width;
+            controlSize_.second += height - shown.height;
+            face->resize(controlSize_.first, controlSize_.second);
+            ASSERT_TRUE(waitUntilIdle());
+        }
+    }
+    /// FNV-1a, 64 bit, over the picture without a margin for frames.
+    static uint64_t sumOf(const Picture& picture) {
+        uint64_t sum = 0xCBF29CE484222325U;
+        for (int32_t y = Margin; y < picture.height - Margin; ++y)
+            for (int32_t x = Margin; x < picture.width - Margin; ++x)
+                sum = (sum ^ picture.at(x, y)) * 0x100000001B3U;
+        return sum;
+    }
     std::pair<int32_t, int32_t> place() {
         return {face->scroll(true).position, face->scroll(false).position};
     }
     /// The part of a picture that both show when one is moved by (dx, dy), without a margin for frames.
     static bool areEqualMoved(const Picture& from, const Picture& to, int32_t dx, int32_t dy) {
-        constexpr int32_t margin = 3;
-        for (int32_t y = margin; y < to.height - margin; ++y)
-            for (int32_t x = margin; x < to.width - margin; ++x) {
+        for (int32_t y = Margin; y < to.height - Margin; ++y)
+            for (int32_t x = Margin; x < to.width - Margin; ++x) {
                 const int32_t fromX = x + dx;
                 const int32_t fromY = y + dy;
-                const bool seen = fromX >= margin && fromY >= margin && fromX < from.width - margin &&
-                                  fromY < from.height - margin;
+                const bool seen = fromX >= Margin && fromY >= Margin && fromX < from.width - Margin &&
+                                  fromY < from.height - Margin;
                 if (seen && from.at(fromX, fromY) != to.at(x, y))
                     return false;
             }
         return true;
     }
+
+    static constexpr int32_t Margin = 3;
+
+private:
+    std::pair<int32_t, int32_t> controlSize_ = {900, 700};
 };
 
 TEST_F(ViewTest, ShowsThePageFittedToTheWidth) {
@@ -40,6 +62,35 @@ TEST_F(ViewTest, ShowsThePageFittedToTheWidth) {
     EXPECT_FALSE(face->scroll(true).visible);
     EXPECT_NEAR(zoom(), 100.0 * shown.width / 2550 * 300 / 96, 1);
     EXPECT_EQ(face->description(), "Page 1 of 12, " + std::to_string(zoom()) + " %");
+}
+
+// The same page, looked at in the same way in a view of the same size, is the same picture on every face.
+TEST_F(ViewTest, ComposedPixelsAreThoseOfEveryFace) {
+    struct Case {
+        int32_t document;
+        std::vector<const char*> commands;
+        uint64_t sum;
+    };
+    face->set("BackColor", 0x00808080);
+    for (const Case& each : {Case{sample::Deed, {"FITBEST"}, 0x11D5AD2CC0EE5623U},
+                             Case{sample::Deed, {"FITBEST", "ROTR"}, 0x792FFAC113E9C042U},
+                             Case{sample::Deed, {"FITBEST", "ZOOMIN", "ZOOMIN"}, 0xA5588DDE418EE98EU},
+                             Case{sample::Deed, {"FITBEST", "GRAYSCALE"}, 0x48DFDF4650D7984DU},
+                             Case{sample::Fax, {"FITBEST", "GRAYSCALE"}, 0xF75DEFB48559BAF9U},
+                             Case{sample::Map, {"FITBEST"}, 0x975563448936614FU},
+                             Case{sample::Map, {"FITBEST", "ROTL", "ZOOMIN"}, 0x72345D49321CB49CU}}) {
+        SCOPED_TRACE(std::to_string(each.document) + " " + each.commands.back());
+        open(1, each.document);
+        for (const char* command : each.commands)
+            face->command(command);
+        makeView(700, 500);
+        for (const int edge : {key::Up, key::Left})
+            face->press(edge, with::Shift);
+        ASSERT_TRUE(waitUntilIdle());
+        const Picture shown = face->picture();
+        EXPECT_EQ(std::make_pair(shown.width, shown.height), std::make_pair(700, 500));
+        EXPECT_EQ(sumOf(shown), each.sum);
+    }
 }
 
 TEST_F(ViewTest, ZoomsByATenth) {

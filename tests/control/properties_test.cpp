@@ -203,7 +203,7 @@ TEST(Resize, GrayScaleIsOffUntilTheSizeStays) {
 }
 
 TEST(Layout, ChildrenShareTheControl) {
-    LayoutMeasures measures{800, 600, 40, 90, 20, 120, 50, false};
+    LayoutMeasures measures{800, 600, 40, 90, 20, 120, 50};
     ControlLayout layout = layOut(measures);
     EXPECT_EQ(layout.toolbar, (Box{0, 0, 800, 40}));
     EXPECT_EQ(layout.view, (Box{0, 40, 800, 540}));
@@ -211,6 +211,13 @@ TEST(Layout, ChildrenShareTheControl) {
     EXPECT_EQ(layout.progress, (Box{630, 580, 120, 20}));
     EXPECT_EQ(layout.status, (Box{96, 580, 528, 20}));
     EXPECT_EQ(layout.zoom, (Box{750, 580, 50, 20}));
+    measures.fromRight = true;
+    layout = layOut(measures);
+    EXPECT_EQ(layout.view, (Box{0, 40, 800, 540}));
+    EXPECT_EQ(layout.readOut, (Box{710, 580, 90, 20}));
+    EXPECT_EQ(layout.status, (Box{176, 580, 528, 20}));
+    EXPECT_EQ(layout.progress, (Box{50, 580, 120, 20}));
+    EXPECT_EQ(layout.zoom, (Box{0, 580, 50, 20}));
     measures.debugShown = true;
     layout = layOut(measures);
     EXPECT_EQ(layout.view.height + layout.debug.height, 540);

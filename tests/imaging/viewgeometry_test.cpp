@@ -127,6 +127,23 @@ TEST(ViewGeometry, ResizingKeepsTheMiddleOfAZoomedView) {
     EXPECT_EQ(geometry.zoom(), 300);
 }
 
+TEST(ViewGeometry, ManySizesLaterThePlaceIsTheSame) {
+    ViewGeometry geometry = letter({400, 300});
+    geometry.setZoom(300, {});
+    geometry.scrollTo(700, 900);
+    const Rectangle place = geometry.destination();
+    const ViewPlace kept = geometry.keptPlace();
+    for (int turn = 0; turn < 20; ++turn) {
+        geometry.setViewport({383 + turn, 283 - 3 * turn}, 96);
+        geometry.setViewport({400, 300}, 96);
+    }
+    EXPECT_EQ(geometry.destination(), place);
+    EXPECT_EQ(geometry.keptPlace(), kept);
+    geometry.scrollTo(10, 20);
+    geometry.setViewport({383, 283}, 96);
+    EXPECT_NEAR(geometry.destination().left, -18, 1) << "from where it was scrolled to";
+}
+
 TEST(ViewGeometry, TurningKeepsTheMiddle) {
     ViewGeometry geometry = letter({300, 300});
     geometry.setZoom(200, {});

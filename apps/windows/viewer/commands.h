@@ -2,6 +2,7 @@
 
 // Numbers that the resources share with the program; the resource compiler knows nothing but macros.
 #define IDM_VIEWER 1
+#define ID_NEIGHBOUR_MANIFEST 3
 #define IDM_OPEN 100
 #define IDM_CLOSE 101
 #define IDM_EXIT 102

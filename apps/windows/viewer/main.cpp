@@ -1,20 +1,25 @@
-// A host of the control in plain C++: no registration, no framework.
+// A host of the control in plain C++, without a framework.
 //
-//     pixmo_viewer [--engine ADDRESS] [--doc NUMBER] [--page NUMBER] [--screenshot FILE.bmp [--wait
-//     MILLISECONDS]]
+//     pixmo_viewer [--registered] [--engine ADDRESS] [--doc NUMBER] [--page NUMBER]
+//                  [--screenshot FILE.bmp [--wait MILLISECONDS]]
 //
-// With --screenshot it saves its picture as soon as the page is shown, or after waiting for it (ten seconds
-// unless told otherwise), and ends: with status 0 when the page was there, else 1.
+// The control is the one beside the program, which needs no registration, or with --registered the one that
+// the system knows. With --screenshot it saves its picture as soon as the page is shown, or after waiting for
+// it (ten seconds unless told otherwise), and ends: with status 0 when the page was there, else 1. What goes
+// wrong before that is told on standard error, status 2.
 #include "apps/windows/viewer/screenshot.h"
 #include "apps/windows/viewer/viewerwindow.h"
 
 #include "core/base/error.h"
 #include "faces/com/base/widetext.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <map>
 #include <ole2.h>
 #include <shellapi.h>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -27,8 +32,11 @@ Options readOptions() {
     Options options;
     int count = 0;
     wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
-    for (int at = 1; at + 1 < count; at += 2)
-        options[words[at]] = words[at + 1];
+    for (int at = 1; at < count; ++at) {
+        const bool hasValue = at + 1 < count && !std::wstring_view(words[at + 1]).starts_with(L"--");
+        options[words[at]] = hasValue ? words[at + 1] : L"";
+        at += hasValue ? 1 : 0;
+    }
     LocalFree(words);
     return options;
 }
@@ -68,7 +76,9 @@ int saveAndEnd(pixmo::viewer::ViewerWindow& window, const std::wstring& file, in
 }
 
 int run(const Options& options) {
-    pixmo::viewer::ViewerWindow window;
+    using pixmo::viewer::Source;
+    pixmo::viewer::ViewerWindow window(options.contains(L"--registered") ? Source::Registry
+                                                                         : Source::Neighbour);
     ShowWindow(window.handle(), SW_SHOW);
     if (const auto engine = options.find(L"--engine"); engine != options.end())
         window.setAddress(engine->second);
@@ -81,17 +91,25 @@ int run(const Options& options) {
     return 0;
 }
 
+/// Nobody sits before a picture that is taken.
+void tell(const Options& options, const std::string& failure) {
+    if (options.contains(L"--screenshot"))
+        std::fprintf(stderr, "pixmo_viewer: %s\n", failure.c_str());
+    else
+        MessageBoxW(nullptr, pixmo::com::toWide(failure).c_str(), L"Pixmo Viewer", MB_OK | MB_ICONERROR);
+}
+
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     if (FAILED(OleInitialize(nullptr)))
         return 2;
+    const Options options = readOptions();
     int status = 2;
     try {
-        status = run(readOptions());
+        status = run(options);
     } catch (...) {
-        const std::wstring text = pixmo::com::toWide(pixmo::currentError().Description);
-        MessageBoxW(nullptr, text.c_str(), L"Pixmo Viewer", MB_OK | MB_ICONERROR);
+        tell(options, pixmo::currentError().Description);
     }
     OleUninitialize();
     return status;

@@ -1,14 +1,18 @@
 #include "apps/windows/viewer/viewerwindow.h"
 
 #include "apps/windows/viewer/commands.h"
+#include "apps/windows/viewer/neighbourlibrary.h"
 #include "core/base/error.h"
 #include "faces/com/base/boundary.h"
 #include "faces/com/base/bstr.h"
 #include "faces/com/control/identifiers.h"
+#include "faces/com/windows/dpi.h"
+#include "faces/com/windows/fonts.h"
 
 #include <algorithm>
 #include <commctrl.h>
 #include <limits>
+#include <optional>
 
 namespace pixmo::viewer {
 
@@ -17,9 +21,9 @@ namespace {
 constexpr const wchar_t* ClassName = L"PixmoViewer";
 constexpr const wchar_t* Title = L"Pixmo Viewer";
 
-/// At 96 pixels per inch.
+/// Device-independent pixels.
 constexpr int Margin = 6;
-constexpr int FieldHeight = 23;
+constexpr int TextMargin = 4; ///< above and below the text of a field
 constexpr int DocumentWidth = 80;
 constexpr int ButtonWidth = 75;
 constexpr int WindowWidth = 900;
@@ -32,13 +36,22 @@ HWND makeChild(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD styl
                            nullptr);
 }
 
+/// Not larger than the usable part of the user's screen.
+SIZE firstSize() {
+    const int dpi = com::dpiOf(nullptr);
+    RECT screen{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    return {std::min<LONG>(com::scaled(WindowWidth, dpi), screen.right - screen.left),
+            std::min<LONG>(com::scaled(WindowHeight, dpi), screen.bottom - screen.top)};
+}
+
 void tell(HWND owner, const Error& error) {
     MessageBoxW(owner, com::toWide(error.Description).c_str(), Title, MB_OK | MB_ICONEXCLAMATION);
 }
 
 } // namespace
 
-ViewerWindow::ViewerWindow() {
+ViewerWindow::ViewerWindow(Source source) {
     WNDCLASSW description{};
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
@@ -47,13 +60,15 @@ ViewerWindow::ViewerWindow() {
     description.lpszMenuName = MAKEINTRESOURCEW(IDM_VIEWER);
     description.lpszClassName = ClassName;
     RegisterClassW(&description);
+    const SIZE size = firstSize();
     window_ = CreateWindowExW(0, ClassName, Title, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                              CW_USEDEFAULT, WindowWidth, WindowHeight, nullptr, nullptr,
-                              description.hInstance, this);
+                              CW_USEDEFAULT, size.cx, size.cy, nullptr, nullptr, description.hInstance, this);
     if (!window_)
         throw com::errorOf(HRESULT_FROM_WIN32(::GetLastError()));
+    icons_.giveTo(window_);
     makeFields();
-    placeControl();
+    takeFont();
+    placeControl(source);
 }
 
 ViewerWindow::~ViewerWindow() {
@@ -61,7 +76,6 @@ ViewerWindow::~ViewerWindow() {
     control_.reset();
     if (window_)
         DestroyWindow(window_);
-    DeleteObject(font_);
     UnregisterClassW(ClassName, GetModuleHandleW(nullptr));
 }
 
@@ -73,19 +87,31 @@ void ViewerWindow::makeFields() {
     SendMessageW(address_, EM_SETCUEBANNER, TRUE,
                  reinterpret_cast<LPARAM>(L"Address of the imaging server's page"));
     SendMessageW(document_, EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(L"Document"));
-    NONCLIENTMETRICSW metrics{};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    font_ = CreateFontIndirectW(&metrics.lfMessageFont);
-    for (const HWND child : {address_, document_, openButton_})
-        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
 }
 
-/// The manifests of program and control tell the system where the class is; nothing needs to be registered.
-void ViewerWindow::placeControl() {
+void ViewerWindow::takeFont() {
+    font_ = com::makeFont({}, com::dpiOf(window_));
+    for (const HWND child : {address_, document_, openButton_, status_})
+        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), TRUE);
+}
+
+int ViewerWindow::fieldHeight() const {
+    return static_cast<int>(com::textSize(font_.get(), L"X").cy) + 2 * scaled(TextMargin);
+}
+
+int ViewerWindow::scaled(int length) const {
+    return com::scaled(length, com::dpiOf(window_));
+}
+
+void ViewerWindow::placeControl(Source source) {
     com::ComPtr<IUnknown> made;
-    com::check(
-        CoCreateInstance(CLSID_ImageView, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, made.receiveAny()));
+    {
+        std::optional<NeighbourLibrary> neighbour;
+        if (source == Source::Neighbour)
+            neighbour.emplace();
+        com::check(CoCreateInstance(CLSID_ImageView, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                                    made.receiveAny()));
+    }
     control_ = std::make_unique<form::PlacedControl>(window_);
     control_->put(made, controlPlace());
     events_.connect(control_->as<IConnectionPointContainer>(),
@@ -100,7 +126,7 @@ RECT ViewerWindow::controlPlace() const {
     RECT status{};
     GetClientRect(window_, &area);
     GetWindowRect(status_, &status);
-    area.top = FieldHeight + 2 * Margin;
+    area.top = fieldHeight() + 2 * scaled(Margin);
     area.bottom = std::max(area.top, area.bottom - (status.bottom - status.top));
     return area;
 }
@@ -109,11 +135,15 @@ void ViewerWindow::layOut() {
     SendMessageW(status_, WM_SIZE, 0, 0);
     RECT area{};
     GetClientRect(window_, &area);
-    const int button = static_cast<int>(area.right) - Margin - ButtonWidth;
-    const int document = button - Margin - DocumentWidth;
-    MoveWindow(address_, Margin, Margin, std::max(0, document - 2 * Margin), FieldHeight, TRUE);
-    MoveWindow(document_, document, Margin, DocumentWidth, FieldHeight, TRUE);
-    MoveWindow(openButton_, button, Margin, ButtonWidth, FieldHeight, TRUE);
+    const int margin = scaled(Margin);
+    const int height = fieldHeight();
+    const int buttonWidth = scaled(ButtonWidth);
+    const int documentWidth = scaled(DocumentWidth);
+    const int button = static_cast<int>(area.right) - margin - buttonWidth;
+    const int document = button - margin - documentWidth;
+    MoveWindow(address_, margin, margin, std::max(0, document - 2 * margin), height, TRUE);
+    MoveWindow(document_, document, margin, documentWidth, height, TRUE);
+    MoveWindow(openButton_, button, margin, buttonWidth, height, TRUE);
     if (control_)
         control_->move(controlPlace());
 }
@@ -205,6 +235,13 @@ LRESULT ViewerWindow::handle(UINT message, WPARAM first, LPARAM second) {
     case WM_SIZE:
         layOut();
         return 0;
+    case com::DpiChanged: {
+        const RECT& wanted = *reinterpret_cast<const RECT*>(second);
+        takeFont();
+        MoveWindow(window_, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top,
+                   TRUE);
+        return 0;
+    }
     case WM_COMMAND:
         if (second == 0 || HIWORD(first) == BN_CLICKED)
             command(LOWORD(first));

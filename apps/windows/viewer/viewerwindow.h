@@ -2,6 +2,8 @@
 
 #include "apps/windows/form/placedcontrol.h"
 #include "apps/windows/viewer/viewerevents.h"
+#include "faces/com/windows/gdi.h"
+#include "faces/com/windows/programicon.h"
 
 #include <functional>
 #include <memory>
@@ -10,11 +12,14 @@
 
 namespace pixmo::viewer {
 
+/// Where the control is found: beside the program by its manifest, or where it is registered.
+enum class Source { Neighbour, Registry };
+
 /// The program's one window: menu, address and document on top, the control below, a status line.
 class ViewerWindow {
 public:
     /// Throws when the window or the control cannot be made.
-    ViewerWindow();
+    explicit ViewerWindow(Source source);
     ~ViewerWindow();
     ViewerWindow(const ViewerWindow&) = delete;
     ViewerWindow& operator=(const ViewerWindow&) = delete;
@@ -31,12 +36,16 @@ private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
     LRESULT handle(UINT message, WPARAM first, LPARAM second);
     void makeFields();
-    void placeControl();
+    /// The one of the window's screen.
+    void takeFont();
+    void placeControl(Source source);
     void layOut();
     void command(int id);
     void openTyped();
     void pageChanged(int document, int page);
     RECT controlPlace() const;
+    int fieldHeight() const;
+    int scaled(int length) const;
     std::wstring textOf(HWND field) const;
 
     HWND window_ = nullptr;
@@ -44,7 +53,8 @@ private:
     HWND document_ = nullptr;
     HWND openButton_ = nullptr;
     HWND status_ = nullptr;
-    HFONT font_ = nullptr;
+    com::FontHandle font_;
+    com::WindowIcons icons_;
     int shownDocument_ = 0;
     std::unique_ptr<form::PlacedControl> control_;
     ViewerEvents events_;

@@ -42,6 +42,9 @@ public:
     /// While all parts are still there: what ends may call back.
     ~ImageViewObject() override { ContextHolder::context_.end(); }
 
+    /// For a program that has the control's code in itself.
+    ControlContext& context() { return ContextHolder::context_; }
+
     /// For the class factory.
     static IUnknown* make(IUnknown* outer) { return &(new ImageViewObject(outer))->identity(); }
 };

@@ -6,6 +6,7 @@
 #include "faces/com/face/controlpicture.h"
 #include "faces/com/face/facelink.h"
 #include "faces/com/face/faceports.h"
+#include "faces/com/ports/asyncreader.h"
 #include "faces/com/windows/dialogs.h"
 #include "faces/com/windows/facewindow.h"
 #include "faces/com/windows/thumbnailhost.h"
@@ -18,12 +19,13 @@ namespace pixmo::com {
 class ControlFace::Parts {
 public:
     explicit Parts(FaceHost& host)
-        : link(std::make_shared<FaceLink>(host)), surface(std::make_shared<ViewSurface>()),
-          control(ImageView::create(ports())) {}
+        : link(std::make_shared<FaceLink>(host)), reader(std::make_shared<AsyncReader>()),
+          surface(std::make_shared<ViewSurface>()), control(ImageView::create(ports())) {}
 
     /// The answers that need windows; the others are the system's.
     ControlPorts ports() const {
         ControlPorts ports = systemPorts(link);
+        ports.reader = reader;
         ports.container = std::make_shared<Container>(link);
         ports.viewSurface = surface;
         ports.decoder = std::make_shared<PageCodecs>();
@@ -34,6 +36,7 @@ public:
     }
 
     const SharedFaceLink link;
+    const std::shared_ptr<AsyncReader> reader;
     const std::shared_ptr<ViewSurface> surface;
     const std::shared_ptr<ImageView> control;
     std::shared_ptr<FaceWindow> window;
@@ -108,6 +111,10 @@ void ControlFace::draw(HDC target, const RECT& bounds) {
 bool ControlFace::translateKey(MSG& message) {
     const auto held = parts_->window;
     return held && held->translateKey(message);
+}
+
+void ControlFace::setStallTimeout(int milliseconds) {
+    parts_->reader->limits().stallMilliseconds = milliseconds;
 }
 
 void ControlFace::refresh() {

@@ -42,6 +42,8 @@ public:
     bool translateKey(MSG& message);
     /// Properties, ambients or system colours may have changed.
     void refresh();
+    /// For how many milliseconds a transfer may be silent before it is given up.
+    void setStallTimeout(int milliseconds);
 
 private:
     class Parts;

@@ -7,12 +7,23 @@ namespace pixmo::com {
 
 namespace {
 
-/// Such a window cannot be told to close by its own means, but it is a dialog of the system's class.
+/// Directly, or over another window of its own.
+bool standsOver(HWND window, HWND owner) {
+    HWND below = GetWindow(window, GW_OWNER);
+    while (below && below != owner)
+        below = GetWindow(below, GW_OWNER);
+    return below != nullptr;
+}
+
+/// Such a window cannot be told to close by means of its own, but it is a dialog of the system's class.
 BOOL CALLBACK closeDialog(HWND window, LPARAM owner) noexcept {
     std::array<wchar_t, 8> name{};
     GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    if (std::wstring_view(name.data()) == L"#32770" &&
-        GetWindow(window, GW_OWNER) == reinterpret_cast<HWND>(owner))
+    if (std::wstring_view(name.data()) != L"#32770" || !standsOver(window, reinterpret_cast<HWND>(owner)))
+        return TRUE;
+    if (GetDlgItem(window, IDCANCEL))
+        PostMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    else
         EndDialog(window, 0);
     return TRUE;
 }

@@ -1,6 +1,5 @@
 #include "faces/com/face/faceports.h"
 
-#include "faces/com/ports/asyncreader.h"
 #include "faces/com/ports/clipboard.h"
 #include "faces/com/ports/clock.h"
 #include "faces/com/ports/codepage.h"
@@ -21,7 +20,6 @@ ControlPorts systemPorts(const SharedFaceLink& link) {
     ports.messageBox = std::make_shared<MessageBox>(link);
     ports.eventLoop = std::make_shared<EventLoop>();
     ports.timers = std::make_shared<Timers>();
-    ports.reader = std::make_shared<AsyncReader>();
     ports.settings = std::make_shared<SettingsStore>();
     ports.identity = std::make_shared<Identity>();
     ports.clock = std::make_shared<Clock>();

@@ -5,7 +5,7 @@
 
 namespace pixmo::com {
 
-/// The control's questions that the system answers without the control's windows.
+/// The control's questions that the system answers without the control's windows and transfers.
 ControlPorts systemPorts(const SharedFaceLink& link);
 
 } // namespace pixmo::com

@@ -170,10 +170,12 @@ void PreviewDialog::drawSheet() {
 void PreviewDialog::paint() const {
     const Painting painting(handle());
     const RECT room = sheetRoom();
-    FillRect(painting.dc(), &room, GetSysColorBrush(COLOR_APPWORKSPACE));
-    if (!message_.empty() || !pixels_) {
+    const bool isWritten = !message_.empty() || !pixels_;
+    FillRect(painting.dc(), &room, GetSysColorBrush(isWritten ? COLOR_BTNFACE : COLOR_APPWORKSPACE));
+    if (isWritten) {
         RECT place = room;
         SetBkMode(painting.dc(), TRANSPARENT);
+        SetTextColor(painting.dc(), GetSysColor(COLOR_BTNTEXT));
         const Selected font(painting.dc(), reinterpret_cast<HFONT>(SendMessageW(handle(), WM_GETFONT, 0, 0)));
         DrawTextW(painting.dc(), message_.c_str(), -1, &place, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
         return;

@@ -11,8 +11,6 @@ namespace pixmo::com {
 
 namespace {
 
-enum Id : WORD { Icon = 100, Title, Version, Description, Information, Copy };
-
 constexpr int IconSize = 64; ///< device-independent pixels
 constexpr double TitleSize = 1.6;
 constexpr short Width = 240;

@@ -13,6 +13,9 @@ namespace pixmo::com {
 /// The window of dlgAbout: the About box, or the information about the page.
 class AboutDialog : public ModalDialog {
 public:
+    /// Of its controls.
+    enum Id : WORD { Icon = 100, Title, Version, Description, Information, Copy };
+
     /// The object outlives the window.
     explicit AboutDialog(const dlgAbout& dialog);
 

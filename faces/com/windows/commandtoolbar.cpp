@@ -15,7 +15,8 @@ namespace pixmo::com {
 
 namespace {
 
-constexpr int Padding = 6;   ///< around a picture, device-independent pixels
+constexpr int Padding =
+    6; ///< above and below a picture together, and on each side; device-independent pixels
 constexpr int RowMargin = 2; ///< below the last row
 constexpr int FirstCommand = 1;
 
@@ -41,13 +42,22 @@ BYTE stateOf(const ToolButton& button) {
                              (button.Pressed ? TBSTATE_CHECKED : 0));
 }
 
-/// The icon in one colour; all transparent for a key without one.
-BitmapHandle makePicture(const std::string& key, int32_t size, COLORREF colour) {
-    const BITMAPINFO info = describePixels({size, size});
+/// How much of each pixel the icon covers. A mirrored toolbar turns its pictures round: those that point
+/// nowhere come turned.
+std::vector<uint8_t> coverageOf(const std::string& key, int32_t size, bool mirrored) {
+    std::vector<uint8_t> cover = commandIcon(key, size);
+    if (mirrored && !isIconDirectional(key))
+        for (auto row = cover.begin(); row != cover.end(); row += size)
+            std::reverse(row, row + size);
+    return cover;
+}
+
+/// The icon in one colour, as wide as the picture and in its middle; all transparent without coverage.
+BitmapHandle makePicture(const std::vector<uint8_t>& cover, SIZE size, COLORREF colour) {
+    const BITMAPINFO info = describePixels({size.cx, size.cy});
     void* bits = nullptr;
     BitmapHandle bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    const std::vector<uint8_t> cover = commandIcon(key, size);
-    auto* pixels = static_cast<uint32_t*>(bits);
+    auto* pixels = static_cast<uint32_t*>(bits) + (size.cy - size.cx) / 2 * size.cx;
     for (size_t i = 0; bitmap && i < cover.size(); ++i)
         pixels[i] = uint32_t{cover[i]} << 24U | rgbOf(colour);
     return bitmap;
@@ -55,8 +65,8 @@ BitmapHandle makePicture(const std::string& key, int32_t size, COLORREF colour) 
 
 } // namespace
 
-CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, Run run)
-    : parent_(parent), name_(name), run_(std::move(run)) {}
+CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, bool mirrored, Run run)
+    : parent_(parent), name_(name), mirrored_(mirrored), run_(std::move(run)) {}
 
 CommandToolbar::~CommandToolbar() {
     destroyWindow();
@@ -85,8 +95,9 @@ CommandToolbar::Look CommandToolbar::lookOf(const Toolbar& toolbar) const {
     return look;
 }
 
-void CommandToolbar::renew(HFONT font) {
+void CommandToolbar::renew(HFONT font, HBRUSH back) {
     font_ = font;
+    back_ = back;
     destroyWindow();
 }
 
@@ -110,32 +121,35 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
 
 void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     const CommonControls::Scope scope(*controls_);
-    bar_ = CreateWindowExW(layoutOf(parent_), TOOLBARCLASSNAMEW, name_,
-                           WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS |
-                               TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN |
-                               (look_.captions ? 0 : TBSTYLE_LIST),
+    bar_ = CreateWindowExW(mirrored_ ? WS_EX_LAYOUTRTL : 0, TOOLBARCLASSNAMEW, name_,
+                           WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_CUSTOMERASE |
+                               TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE |
+                               CCS_NOPARENTALIGN,
                            0, 0, 0, 0, parent_, nullptr, thisModule(), nullptr);
     if (font_)
         SendMessageW(bar_, WM_SETFONT, reinterpret_cast<WPARAM>(font_), FALSE);
+    SendMessageW(bar_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
+    setSizes();
     images_ = makeImages(toolbar, GetSysColor(COLOR_BTNTEXT));
     disabledImages_ = makeImages(toolbar, GetSysColor(COLOR_GRAYTEXT));
-    SendMessageW(bar_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
-    SendMessageW(bar_, TB_SETBITMAPSIZE, 0, MAKELPARAM(look_.imageSize, look_.imageSize));
     SendMessageW(bar_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images_));
     SendMessageW(bar_, TB_SETDISABLEDIMAGELIST, 0, reinterpret_cast<LPARAM>(disabledImages_));
-    setSizes();
     addButtons(toolbar);
 }
 
 /// Without captions the texts are there all the same, as the buttons' names.
 void CommandToolbar::setSizes() const {
-    const int padding = scaled(Padding, look_.dpi);
-    SendMessageW(bar_, TB_SETPADDING, 0, MAKELPARAM(2 * padding, padding));
-    if (look_.captions)
-        return;
-    const int side = look_.imageSize + 2 * padding;
-    SendMessageW(bar_, TB_SETEXTENDEDSTYLE, TBSTYLE_EX_MIXEDBUTTONS, TBSTYLE_EX_MIXEDBUTTONS);
-    SendMessageW(bar_, TB_SETBUTTONSIZE, 0, MAKELPARAM(side, side));
+    const SIZE image = pictureSize();
+    SendMessageW(bar_, TB_SETBITMAPSIZE, 0, MAKELPARAM(image.cx, image.cy));
+    SendMessageW(bar_, TB_SETPADDING, 0, MAKELPARAM(2 * scaled(Padding, look_.dpi), Padding));
+    if (!look_.captions)
+        SendMessageW(bar_, TB_SETMAXTEXTROWS, 0, 0);
+}
+
+/// Not every system lets the padding above and below a picture grow: what the resolution asks for beside the
+/// usual one is part of the picture.
+SIZE CommandToolbar::pictureSize() const {
+    return {look_.imageSize, look_.imageSize + scaled(Padding, look_.dpi) - Padding};
 }
 
 void CommandToolbar::addButtons(const Toolbar& toolbar) const {
@@ -150,12 +164,12 @@ void CommandToolbar::addButtons(const Toolbar& toolbar) const {
         entry.fsStyle = static_cast<BYTE>(styleOf(button.Style) | (separator ? 0 : BTNS_NOPREFIX));
         entry.iString = separator ? -1 : reinterpret_cast<INT_PTR>(text.c_str());
         SendMessageW(bar_, TB_ADDBUTTONSW, 1, reinterpret_cast<LPARAM>(&entry));
-        if (look_.captions && !separator)
-            setWidth(commandOf(i), text);
+        if (!separator)
+            setWidth(commandOf(i), look_.captions ? text : std::wstring());
     }
 }
 
-/// So wide that the caption is read as a whole.
+/// So wide that picture and caption are seen as a whole.
 void CommandToolbar::setWidth(int command, const std::wstring& caption) const {
     const int wide = std::max<int>(look_.imageSize, textSize(font_, caption).cx);
     TBBUTTONINFOW info{};
@@ -166,10 +180,11 @@ void CommandToolbar::setWidth(int command, const std::wstring& caption) const {
 }
 
 HIMAGELIST CommandToolbar::makeImages(const Toolbar& toolbar, COLORREF colour) const {
-    const HIMAGELIST images =
-        controls_->makeImages(look_.imageSize, static_cast<int>(toolbar.Buttons.size()));
+    const SIZE size = pictureSize();
+    const HIMAGELIST images = controls_->makeImages(size, static_cast<int>(toolbar.Buttons.size()));
     for (const ToolButton& button : toolbar.Buttons)
-        controls_->addImage(images, makePicture(button.Key, look_.imageSize, colour).get());
+        controls_->addImage(images,
+                            makePicture(coverageOf(button.Key, size.cx, mirrored_), size, colour).get());
     return images;
 }
 
@@ -208,10 +223,24 @@ std::optional<LRESULT> CommandToolbar::onParentMessage(UINT message, WPARAM wPar
     if (message != WM_NOTIFY)
         return std::nullopt;
     auto* const header = reinterpret_cast<NMHDR*>(lParam);
-    if (header->hwndFrom != bar_ || header->code != TBN_GETINFOTIPW)
+    if (header->hwndFrom != bar_)
+        return std::nullopt;
+    if (header->code == NM_CUSTOMDRAW)
+        return erase(*reinterpret_cast<NMTBCUSTOMDRAW*>(lParam));
+    if (header->code != TBN_GETINFOTIPW)
         return std::nullopt;
     showTip(*reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
     return 0;
+}
+
+/// A flat toolbar would have its parent draw behind the buttons, in the wrong place where it is mirrored.
+std::optional<LRESULT> CommandToolbar::erase(const NMTBCUSTOMDRAW& drawing) const {
+    if (drawing.nmcd.dwDrawStage != CDDS_PREERASE)
+        return std::nullopt;
+    RECT all{};
+    GetClientRect(bar_, &all);
+    FillRect(drawing.nmcd.hdc, &all, back_);
+    return CDRF_SKIPDEFAULT;
 }
 
 void CommandToolbar::showTip(NMTBGETINFOTIPW& tip) const {

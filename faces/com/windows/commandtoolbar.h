@@ -18,16 +18,17 @@ class CommandToolbar {
 public:
     using Run = std::function<void(const std::string& key)>;
 
-    /// The name is for assistive programs.
-    CommandToolbar(HWND parent, const wchar_t* name, Run run);
+    /// The name is for assistive programs. A mirrored toolbar begins at its right end.
+    CommandToolbar(HWND parent, const wchar_t* name, bool mirrored, Run run);
     ~CommandToolbar();
     CommandToolbar(const CommandToolbar&) = delete;
     CommandToolbar& operator=(const CommandToolbar&) = delete;
 
     HWND handle() const { return bar_; }
     void mirror(const Toolbar& toolbar);
-    /// Colours, resolution or the font have changed; nullptr: the system's.
-    void renew(HFONT font);
+    /// Colours, resolution or the font have changed; nullptr: the system's. What lies behind the buttons is
+    /// the owner's.
+    void renew(HFONT font, HBRUSH back);
     /// Of all its rows, device pixels.
     int heightFor(int width) const;
     void place(const RECT& place) const;
@@ -49,18 +50,22 @@ private:
     Look lookOf(const Toolbar& toolbar) const;
     void makeWindow(const Toolbar& toolbar);
     void setSizes() const;
+    SIZE pictureSize() const;
     void addButtons(const Toolbar& toolbar) const;
     void setWidth(int command, const std::wstring& caption) const;
     HIMAGELIST makeImages(const Toolbar& toolbar, COLORREF colour) const;
     void destroyWindow();
     void showTip(NMTBGETINFOTIPW& tip) const;
+    std::optional<LRESULT> erase(const NMTBCUSTOMDRAW& drawing) const;
 
     HWND parent_;
     const wchar_t* name_;
+    bool mirrored_;
     Run run_;
     std::shared_ptr<CommonControls> controls_ = CommonControls::share();
     HWND bar_ = nullptr;
     HFONT font_ = nullptr;
+    HBRUSH back_ = GetSysColorBrush(COLOR_BTNFACE);
     HIMAGELIST images_ = nullptr;
     HIMAGELIST disabledImages_ = nullptr;
     Look look_;

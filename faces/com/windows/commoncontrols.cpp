@@ -63,9 +63,9 @@ Function CommonControls::find(const char* name) const {
         reinterpret_cast<void*>(library_ ? GetProcAddress(library_, name) : nullptr));
 }
 
-HIMAGELIST CommonControls::makeImages(int size, int count) const {
+HIMAGELIST CommonControls::makeImages(SIZE size, int count) const {
     const auto create = find<decltype(&ImageList_Create)>("ImageList_Create");
-    return create ? create(size, size, ILC_COLOR32, count, 0) : nullptr;
+    return create ? create(size.cx, size.cy, ILC_COLOR32, count, 0) : nullptr;
 }
 
 void CommonControls::addImage(HIMAGELIST images, HBITMAP bitmap) const {

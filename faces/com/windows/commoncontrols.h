@@ -34,7 +34,7 @@ public:
     };
 
     /// Image lists belong to the version of the control that shows them.
-    HIMAGELIST makeImages(int size, int count) const;
+    HIMAGELIST makeImages(SIZE size, int count) const;
     void addImage(HIMAGELIST images, HBITMAP bitmap) const;
     void destroyImages(HIMAGELIST images) const;
 

@@ -24,9 +24,10 @@ void Dialogs::showModal(dlgLog& dialog) {
 std::optional<std::filesystem::path> Dialogs::askSavePath(const std::string& suggestedName) {
     if (!link_->host())
         return std::nullopt;
-    const ModalScope scope(link_);
+    const SharedFaceLink link = link_;
+    const ModalScope scope(link);
     dlgSavePage dialog(suggestedName, *settings_);
-    return askSavePage(dialog, link_->owner());
+    return askSavePage(dialog, *link);
 }
 
 } // namespace pixmo::com

@@ -18,9 +18,20 @@ int desktopDpi() {
     return GetDeviceCaps(screen.get(), LOGPIXELSX);
 }
 
+int& standIn() {
+    static int instance = 0;
+    return instance;
+}
+
 } // namespace
 
+void setDpiStandIn(int dpi) {
+    standIn() = dpi;
+}
+
 int dpiOf(HWND window) {
+    if (window && standIn() > 0)
+        return standIn();
     using DpiForWindow = UINT(WINAPI*)(HWND);
     static const auto dpiForWindow = userFunction<DpiForWindow>("GetDpiForWindow");
     const UINT dpi = window && dpiForWindow ? dpiForWindow(window) : 0;

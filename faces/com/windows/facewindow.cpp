@@ -12,9 +12,6 @@ namespace pixmo::com {
 
 namespace {
 
-/// Sent to the windows of a parent that has come to a screen of another resolution, after it has.
-constexpr UINT DpiChangedAfterParent = 0x02E3;
-
 RECT rectOf(const Box& box, int border) {
     return {box.left + border, box.top + border, box.left + box.width + border,
             box.top + box.height + border};
@@ -28,27 +25,34 @@ std::shared_ptr<FaceWindow> FaceWindow::create(HWND parent, const RECT& place, c
     window->link_ = link;
     window->control_ = control;
     const DWORD style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
-    // The bars are mirrored, the page never is.
-    const bool mirrored = link->host() && link->host()->rightToLeft();
-    const DWORD exStyle = WS_EX_CONTROLPARENT | (mirrored ? WS_EX_LAYOUTRTL | WS_EX_NOINHERITLAYOUT : 0);
-    if (!window->make({L"Pixmo.ImageView"}, {parent, style, exStyle, place, L"Pixmo"}) ||
+    if (!window->make({L"Pixmo.ImageView"}, {parent, style, WS_EX_CONTROLPARENT, place, L"Pixmo"}) ||
         !window->makeChildren())
         return nullptr;
     window->connect();
     return window;
 }
 
+/// Of a host that is read from the right the bars are mirrored. The page never is, nor what it lies in, which
+/// would hand a mirrored window's layout on to it.
+bool FaceWindow::takeLayout() const {
+    const LONG_PTR exStyle = GetWindowLongPtrW(handle(), GWL_EXSTYLE);
+    SetWindowLongPtrW(handle(), GWL_EXSTYLE, exStyle & ~LONG_PTR{WS_EX_LAYOUTRTL});
+    return (exStyle & WS_EX_LAYOUTRTL) != 0 || (link_->host() && link_->host()->rightToLeft());
+}
+
 bool FaceWindow::makeChildren() {
-    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Page commands", [this](const std::string& key) {
-        const auto control = control_;
-        control->tlbImage_ButtonClick(key);
-        // The system shows a button of a group pressed by itself.
-        if (handle())
-            mirror();
-    });
+    const bool mirrored = takeLayout();
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Page commands", mirrored,
+                                                [this](const std::string& key) {
+                                                    const auto control = control_;
+                                                    control->tlbImage_ButtonClick(key);
+                                                    // The system shows a button of a group pressed by itself.
+                                                    if (handle())
+                                                        mirror();
+                                                });
     page_ = PageWindow::create(handle(), control_);
     debug_ = std::make_unique<DebugPane>(handle(), control_);
-    status_ = std::make_unique<StatusRow>(handle());
+    status_ = std::make_unique<StatusRow>(handle(), mirrored);
     if (page_)
         page_->setActivated([this] { activated(); });
     return page_ != nullptr;
@@ -70,6 +74,11 @@ void FaceWindow::connect() {
     }));
     link_->PropertyChanged.connect(
         whileThere([](FaceWindow& window, const std::string& name) { window.applyProperty(name); }));
+    watcher_ =
+        LookWatcher::create(whileThere([](FaceWindow& window, UINT message, WPARAM wParam, LPARAM lParam) {
+            tellControls(window.handle(), message, wParam, lParam);
+            window.applyLook();
+        }));
 }
 
 void FaceWindow::applyProperty(const std::string& name) {
@@ -97,9 +106,9 @@ void FaceWindow::applyLook() {
     // The shade around the page is not the one of the buttons, unless the host has named a colour.
     control_->lvrImage().setBackground(
         rgbOf(back == ButtonFace ? GetSysColor(COLOR_APPWORKSPACE) : toColorRef(back)));
-    toolbar_->renew(font_.get());
+    toolbar_->renew(font_.get(), back_.get());
     status_->setFont(font_.get(), dpi_);
-    page_->setFont(font_.get());
+    page_->setFont(font_.get(), dpi_);
     debug_->setResolution(dpi_);
     EnableWindow(handle(), std::get<bool>(control_->property("Enabled")));
     control_->lvrImage().resize();
@@ -155,11 +164,22 @@ bool FaceWindow::translateKey(MSG& message) {
     const bool inDebug = message.hwnd == debug_->handle();
     if (message.hwnd != page_->handle() && !inDebug)
         return false;
+    if (message.wParam == VK_TAB)
+        return passFocus(inDebug);
     const bool copies = inDebug && (message.wParam == 'C' || message.wParam == 'A') && shiftState() == 2;
     if (!copies && !control_->commands().isKey(static_cast<int16_t>(message.wParam), shiftState()))
         return false;
     TranslateMessage(&message);
     DispatchMessageW(&message);
+    return true;
+}
+
+/// By Tab from the page to the trace, back by Shift+Tab; out of the control it is the host's.
+bool FaceWindow::passFocus(bool inDebug) {
+    const bool backward = shiftState() == 1;
+    if ((shiftState() != 0 && !backward) || backward != inDebug || !control_->commands().debugShown)
+        return false;
+    SetFocus(inDebug ? page_->handle() : debug_->handle());
     return true;
 }
 
@@ -194,7 +214,8 @@ std::optional<LRESULT> FaceWindow::onMessage(UINT message, WPARAM wParam, LPARAM
         return result;
     switch (message) {
     case WM_SIZE:
-        if (std::exchange(dpi_, dpiOf(handle())) != dpi_)
+        // A host may have brought the window to another screen without a word.
+        if (dpi_ != dpiOf(handle()))
             applyLook();
         layOutChildren(true);
         return 0;
@@ -215,10 +236,8 @@ std::optional<LRESULT> FaceWindow::onMessage(UINT message, WPARAM wParam, LPARAM
         if (reinterpret_cast<HWND>(wParam) == toolbar_->handle())
             showToolbarMenu(lParam);
         return 0;
+    case DpiChanged: // of a host that hands it on
     case DpiChangedAfterParent:
-    case WM_SYSCOLORCHANGE:
-    case WM_THEMECHANGED:
-    case WM_SETTINGCHANGE:
         applyLook();
         return 0;
     default:

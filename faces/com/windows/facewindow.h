@@ -5,6 +5,7 @@
 #include "faces/com/windows/commandtoolbar.h"
 #include "faces/com/windows/debugpane.h"
 #include "faces/com/windows/gdi.h"
+#include "faces/com/windows/lookwatcher.h"
 #include "faces/com/windows/pagewindow.h"
 #include "faces/com/windows/statusrow.h"
 #include "faces/com/windows/window.h"
@@ -33,10 +34,12 @@ protected:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    bool takeLayout() const;
     bool makeChildren();
     void connect();
     void layOutChildren(bool resized);
     void applyProperty(const std::string& name);
+    bool passFocus(bool inDebug);
     void showToolbarMenu(LPARAM lParam);
     void paintBack(HDC dc) const;
     std::optional<LRESULT> colourOf(HDC dc, HWND child) const;
@@ -50,6 +53,7 @@ private:
     std::shared_ptr<PageWindow> page_;
     std::unique_ptr<DebugPane> debug_;
     std::unique_ptr<StatusRow> status_;
+    std::shared_ptr<LookWatcher> watcher_;
     FontHandle font_;
     BrushHandle back_;
     RECT viewPlace_{};

@@ -10,8 +10,6 @@ namespace pixmo::com {
 
 namespace {
 
-constexpr WORD Label = 100;
-constexpr WORD Number = 101;
 constexpr const wchar_t* UsualProcedure = L"Pixmo.UsualProcedure";
 
 } // namespace

@@ -11,6 +11,9 @@ namespace pixmo::com {
 /// The window of dlgGotoPage.
 class GotoDialog : public ModalDialog {
 public:
+    /// Of its controls.
+    enum Id : WORD { Label = 100, Number };
+
     /// The object outlives the window.
     explicit GotoDialog(dlgGotoPage& dialog);
 

@@ -15,8 +15,6 @@ namespace pixmo::com {
 
 namespace {
 
-enum Id : WORD { Path = 100, FindLabel, Search, Found, Next, Previous, Text, Copy, Refresh };
-
 constexpr short Width = 300;
 constexpr short Height = 180;
 constexpr int LeastLength = 200; ///< of the window, device-independent pixels

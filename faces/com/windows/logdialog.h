@@ -15,6 +15,9 @@ namespace pixmo::com {
 /// The window of dlgLog: the end of the log, with search.
 class LogDialog : public ModalDialog {
 public:
+    /// Of its controls.
+    enum Id : WORD { Path = 100, FindLabel, Search, Found, Next, Previous, Text, Copy, Refresh };
+
     /// Both outlive the window.
     LogDialog(dlgLog& dialog, SettingsStore& settings);
 

@@ -3,7 +3,6 @@
 #include "core/control/viewpicture.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/colours.h"
-#include "faces/com/windows/dpi.h"
 #include "faces/com/windows/fonts.h"
 #include "faces/com/windows/scrolling.h"
 
@@ -45,8 +44,9 @@ std::shared_ptr<PageWindow> PageWindow::create(HWND parent, const std::shared_pt
     return page;
 }
 
-void PageWindow::setFont(HFONT font) {
+void PageWindow::setFont(HFONT font, int dpi) {
     font_ = font;
+    dpi_ = dpi;
     invalidate();
 }
 
@@ -79,10 +79,9 @@ void PageWindow::showBars() {
     mirroring_ = true;
     RECT whole{};
     GetWindowRect(handle(), &whole);
-    const int dpi = dpiOf(handle());
     const ViewGeometry::Bars bars = control->lvrImage().geometry().barsIn(
         {whole.right - whole.left, whole.bottom - whole.top},
-        {systemMetric(SM_CXVSCROLL, dpi), systemMetric(SM_CYHSCROLL, dpi)});
+        {systemMetric(SM_CXVSCROLL, dpi_), systemMetric(SM_CYHSCROLL, dpi_)});
     ShowScrollBar(handle(), SB_VERT, bars.vertical);
     ShowScrollBar(handle(), SB_HORZ, bars.horizontal);
     control->lvrImage().resize();
@@ -131,7 +130,7 @@ void PageWindow::paint() {
 void PageWindow::writeNotice(const std::wstring& notice) {
     const HDC dc = buffer_.dc();
     const Selected font(dc, font_ ? font_ : GetStockObject(DEFAULT_GUI_FONT));
-    const int margin = scaled(NoticeMargin, dpiOf(handle()));
+    const int margin = scaled(NoticeMargin, dpi_);
     const SIZE view = clientSize();
     RECT text = {0, 0, view.cx - 4 * margin, 0};
     DrawTextW(dc, notice.c_str(), -1, &text, NoticeFormat | DT_CALCRECT);

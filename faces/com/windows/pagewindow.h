@@ -2,6 +2,7 @@
 
 #include "core/control/imageview.h"
 #include "faces/com/windows/accessible.h"
+#include "faces/com/windows/dpi.h"
 #include "faces/com/windows/pixelbuffer.h"
 #include "faces/com/windows/window.h"
 
@@ -18,8 +19,9 @@ public:
 
     /// The user has brought the keyboard here.
     void setActivated(std::function<void()> activated) { activated_ = std::move(activated); }
-    /// In which notices are written; nullptr: the system's own.
-    void setFont(HFONT font);
+    /// In which notices are written, nullptr: the system's own; and the resolution of the control's window.
+    void setFont(HFONT font, int dpi);
+    int dpi() const { return dpi_; }
     /// Notice or page may be others than before.
     void refresh();
     void setPointer(int32_t code);
@@ -54,6 +56,7 @@ private:
     std::function<void()> activated_;
     PixelBuffer buffer_;
     HFONT font_ = nullptr;
+    int dpi_ = UsualDpi;
     HCURSOR pointer_ = nullptr;
     bool mirroring_ = false;
     bool keyTaken_ = false; ///< by the host; then it takes the key's character too

@@ -1,6 +1,7 @@
 #include "faces/com/windows/savepagedialog.h"
 
 #include "faces/com/base/widetext.h"
+#include "faces/com/face/dialogcloser.h"
 
 #include <array>
 #include <commdlg.h>
@@ -26,14 +27,15 @@ std::wstring usualFolder(const dlgSavePage& dialog) {
 
 } // namespace
 
-std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, HWND owner) {
+std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, FaceLink& link) {
     std::array<wchar_t, MostCharacters> file{};
     lstrcpynW(file.data(), toWide(dialog.suggestedFile()).c_str(), MostCharacters);
     const std::wstring folder = usualFolder(dialog);
     const std::wstring ending = toWide(dialog.ending());
+    const DialogCloser closer(link);
     OPENFILENAMEW ask{};
     ask.lStructSize = sizeof ask;
-    ask.hwndOwner = owner;
+    ask.hwndOwner = closer.owner();
     ask.lpstrFilter = Filters;
     ask.nFilterIndex = static_cast<DWORD>(dialog.format()) + 1;
     ask.lpstrFile = file.data();

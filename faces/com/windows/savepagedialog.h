@@ -1,14 +1,14 @@
 #pragma once
 
 #include "core/dialogs/dlgsavepage.h"
+#include "faces/com/face/facelink.h"
 
 #include <filesystem>
 #include <optional>
-#include <windows.h>
 
 namespace pixmo::com {
 
-/// The system's own window for dlgSavePage; none when the user cancelled.
-std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, HWND owner);
+/// The system's own window for dlgSavePage; none when the user cancelled, or the face ended meanwhile.
+std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, FaceLink& link);
 
 } // namespace pixmo::com

@@ -16,7 +16,7 @@ constexpr int TextMargin = 6; ///< device-independent pixels, as all here
 constexpr int RowMargin = 3;
 constexpr int ProgressWidth = 120;
 constexpr int ProgressHeight = 10;
-constexpr WPARAM TipWidth = 400;
+constexpr int TipWidth = 400;
 
 std::wstring oneLine(const std::string& utf8) {
     std::wstring text = toWide(utf8);
@@ -32,9 +32,14 @@ void showText(HWND window, std::wstring& shown, std::wstring text) {
     SetWindowTextW(window, shown.c_str());
 }
 
+/// A text that did not fit before is drawn anew as a whole.
 void move(HWND window, const Box& box, POINT origin, int margin) {
-    SetWindowPos(window, nullptr, origin.x + box.left + margin, origin.y + box.top,
-                 std::max(0, box.width - 2 * margin), box.height, SWP_NOZORDER | SWP_NOACTIVATE);
+    const int width = std::max(0, box.width - 2 * margin);
+    RECT present{};
+    GetClientRect(window, &present);
+    const bool sameSize = present.right == width && present.bottom == box.height;
+    SetWindowPos(window, nullptr, origin.x + box.left + margin, origin.y + box.top, width, box.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE | (sameSize ? 0U : SWP_NOCOPYBITS));
 }
 
 TTTOOLINFOW toolOf(HWND window, std::wstring& text) {
@@ -49,15 +54,15 @@ TTTOOLINFOW toolOf(HWND window, std::wstring& text) {
 
 } // namespace
 
-StatusRow::StatusRow(HWND parent)
-    : readOut_(makeText(parent, SS_LEFT)), status_(makeText(parent, SS_LEFT | SS_NOTIFY)),
-      zoom_(makeText(parent, SS_RIGHT)) {
+StatusRow::StatusRow(HWND parent, bool mirrored)
+    : mirrored_(mirrored), readOut_(makeText(parent, mirrored ? SS_RIGHT : SS_LEFT)),
+      status_(makeText(parent, (mirrored ? SS_RIGHT : SS_LEFT) | SS_NOTIFY)),
+      zoom_(makeText(parent, mirrored ? SS_LEFT : SS_RIGHT)) {
     const CommonControls::Scope scope(*controls_);
-    progress_ = CreateWindowExW(layoutOf(parent), PROGRESS_CLASSW, L"Progress of the transfer",
+    progress_ = CreateWindowExW(mirrored ? WS_EX_LAYOUTRTL : 0, PROGRESS_CLASSW, L"Progress of the transfer",
                                 WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
     tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
                            thisModule(), nullptr);
-    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, TipWidth);
     std::wstring none;
     TTTOOLINFOW tool = toolOf(status_, none);
     SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
@@ -65,7 +70,7 @@ StatusRow::StatusRow(HWND parent)
 
 HWND StatusRow::makeText(HWND parent, DWORD style) const {
     const CommonControls::Scope scope(*controls_);
-    return CreateWindowExW(layoutOf(parent), L"STATIC", L"",
+    return CreateWindowExW(0, L"STATIC", L"",
                            WS_CHILD | WS_VISIBLE | SS_NOPREFIX | SS_CENTERIMAGE | SS_ENDELLIPSIS | style, 0,
                            0, 0, 0, parent, nullptr, thisModule(), nullptr);
 }
@@ -93,6 +98,7 @@ void StatusRow::setFont(HFONT font, int dpi) {
     dpi_ = dpi;
     for (const HWND window : {readOut_, status_, zoom_})
         SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, scaled(TipWidth, dpi));
 }
 
 void StatusRow::measure(LayoutMeasures& measures) const {
@@ -101,6 +107,7 @@ void StatusRow::measure(LayoutMeasures& measures) const {
     measures.readOutWidth = readOut.cx + margins;
     measures.statusHeight = readOut.cy + 2 * scaled(RowMargin, dpi_);
     measures.gap = scaled(measures.gap, dpi_);
+    measures.fromRight = mirrored_;
     if (progressPercent_ >= 0)
         measures.progressWidth = scaled(ProgressWidth, dpi_);
     if (!zoomText_.empty())

@@ -13,8 +13,8 @@ namespace pixmo::com {
 /// The row below the page: read-out, status text, progress and zoom.
 class StatusRow {
 public:
-    /// The children belong to the parent.
-    explicit StatusRow(HWND parent);
+    /// The children belong to the parent. A mirrored row begins at its right end.
+    StatusRow(HWND parent, bool mirrored);
 
     void mirror(const ImageView& control);
     /// Whether the zoom now needs another width; then the row is laid out anew.
@@ -29,6 +29,7 @@ private:
     void showTip();
 
     std::shared_ptr<CommonControls> controls_ = CommonControls::share();
+    bool mirrored_;
     HWND readOut_;
     HWND status_;
     HWND zoom_;

@@ -17,7 +17,7 @@ namespace pixmo::com {
 namespace {
 
 constexpr int NoticeMargin = 16; ///< device-independent pixels
-constexpr WPARAM TipWidth = 400;
+constexpr int TipWidth = 400;
 
 int item(LONG child) {
     return child - 1;
@@ -30,8 +30,8 @@ std::shared_ptr<ThumbsView> ThumbsView::create(HWND parent) {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL;
     if (!view->make({L"Pixmo.Thumbnails", CS_DBLCLKS}, {parent, style, 0, {}, L"Thumbnails"}))
         return nullptr;
-    view->applyResolution();
     view->makeTip();
+    view->applyResolution();
     return view;
 }
 
@@ -40,7 +40,6 @@ void ThumbsView::makeTip() {
     const CommonControls::Scope scope(*controls);
     tip_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0,
                            handle(), nullptr, thisModule(), nullptr);
-    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, TipWidth);
     TTTOOLINFOW tool{};
     tool.cbSize = TTTOOLINFOW_V1_SIZE;
     tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
@@ -71,6 +70,7 @@ void ThumbsView::applyResolution() {
     dpi_ = dpiOf(handle());
     font_ = makeFont({}, dpi_);
     boldFont_ = makeBold(font_.get());
+    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, scaled(TipWidth, dpi_));
 }
 
 double ThumbsView::ratio() const {
@@ -99,6 +99,11 @@ void ThumbsView::resizeThumbs() {
         applyResolution();
     if (const auto thumbs = thumbs_.lock())
         thumbs->resized();
+}
+
+void ThumbsView::renew() {
+    applyResolution();
+    resizeThumbs();
 }
 
 void ThumbsView::mirror() {

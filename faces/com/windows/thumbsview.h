@@ -27,6 +27,8 @@ public:
     void mirror();
     /// Tells the object of the room and the resolution that there are.
     void resizeThumbs();
+    /// The system has other fonts or another resolution.
+    void renew();
     Size viewSize() const;
 
     std::wstring accessibleName(LONG child) const override;

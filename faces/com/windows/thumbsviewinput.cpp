@@ -15,8 +15,6 @@ namespace {
 
 constexpr UINT_PTR BandTimer = 1;
 constexpr UINT BandInterval = 30; ///< milliseconds
-/// Sent to the windows of a parent that has come to a screen of another resolution, after it has.
-constexpr UINT DpiChangedAfterParent = 0x02E3;
 
 } // namespace
 

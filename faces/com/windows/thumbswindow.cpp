@@ -2,6 +2,7 @@
 
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/dpi.h"
+#include "faces/com/windows/lookwatcher.h"
 #include "faces/com/windows/popupmenu.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace {
 constexpr Size UsualSize = {420, 560}; ///< device-independent pixels
 constexpr Size LeastSize = {160, 160};
 constexpr int BesideOwner = 8;
-constexpr UINT DpiChanged = 0x02E0; ///< lParam: the new place
 
 Rectangle unscaled(const RECT& r, int dpi) {
     const auto independent = [dpi](LONG length) { return MulDiv(length, UsualDpi, dpi); };
@@ -54,7 +54,7 @@ std::shared_ptr<ThumbsWindow> ThumbsWindow::create(HWND owner) {
 
 bool ThumbsWindow::makeChildren() {
     icons_.giveTo(handle());
-    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands",
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands", false,
                                                 [this](const std::string& key) { run(key); });
     view_ = ThumbsView::create(handle());
     if (!view_)
@@ -162,8 +162,8 @@ void ThumbsWindow::layOutChildren() {
 }
 
 void ThumbsWindow::applyLook() {
-    toolbar_->renew(nullptr);
-    view_->resizeThumbs();
+    toolbar_->renew(nullptr, GetSysColorBrush(COLOR_BTNFACE));
+    view_->renew();
     mirror();
     InvalidateRect(handle(), nullptr, TRUE);
 }
@@ -209,6 +209,7 @@ std::optional<LRESULT> ThumbsWindow::onMessage(UINT message, WPARAM wParam, LPAR
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
+        tellControls(handle(), message, wParam, lParam);
         applyLook();
         return 0;
     default:

@@ -22,7 +22,7 @@ int32_t ViewSurface::height() const {
 
 double ViewSurface::devicePixelRatio() const {
     const auto window = window_.lock();
-    return static_cast<double>(dpiOf(window ? window->handle() : nullptr)) / UsualDpi;
+    return static_cast<double>((window ? window->dpi() : dpiOf(nullptr))) / UsualDpi;
 }
 
 void ViewSurface::setPointer(int32_t code) {

@@ -49,10 +49,6 @@ HINSTANCE thisModule() {
     return reinterpret_cast<HINSTANCE>(&__ImageBase);
 }
 
-DWORD layoutOf(HWND window) {
-    return static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)) & DWORD{WS_EX_LAYOUTRTL};
-}
-
 Window::~Window() {
     if (handle_)
         SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);

@@ -9,9 +9,6 @@ namespace pixmo::com {
 /// The module, program or library, that this code is part of.
 HINSTANCE thisModule();
 
-/// WS_EX_LAYOUTRTL where the window is laid out from right to left, else 0: for children that follow it.
-DWORD layoutOf(HWND window);
-
 /// One window of a class of ours and the object that answers its messages. The object is held while it
 /// answers, so that a message may bring about its end; made by std::make_shared. No exception leaves it.
 class Window : public std::enable_shared_from_this<Window> {

@@ -54,14 +54,37 @@ TEST_F(SystemContainer, showsResizesAndEndsTheControl) {
     EXPECT_TRUE(library.canUnload());
 }
 
-TEST(Viewer, findsTheControlWithoutRegistration) {
-    const auto picture = std::filesystem::temp_directory_path() / "pixmo-viewer.bmp";
-    std::filesystem::remove(picture);
-    const auto result =
-        runProgram(L"pixmo_viewer.exe", L"--screenshot \"" + picture.wstring() + L"\" --wait 200");
-    EXPECT_EQ(result.status, 1U) << "no document was shown";
-    ASSERT_TRUE(std::filesystem::exists(picture)) << result.output;
-    EXPECT_GT(std::filesystem::file_size(picture), 900U * 950U * 3U);
+class Viewer : public testing::Test {
+protected:
+    void SetUp() override { std::filesystem::remove(picture); }
+    /// The status shows that no document was shown, and the picture that the control was there all the same.
+    void expectPicture(const std::wstring& options) const {
+        const auto result = run(options);
+        EXPECT_EQ(result.status, 1U);
+        ASSERT_TRUE(std::filesystem::exists(picture)) << result.output;
+        EXPECT_GT(std::filesystem::file_size(picture), 900U * 950U * 3U);
+    }
+    ProgramResult run(const std::wstring& options) const {
+        return runProgram(L"pixmo_viewer.exe",
+                          options + L" --screenshot \"" + picture.wstring() + L"\" --wait 200");
+    }
+
+    std::filesystem::path picture = std::filesystem::temp_directory_path() / "pixmo-viewer.bmp";
+};
+
+TEST_F(Viewer, findsTheControlWithoutRegistration) {
+    expectPicture(L"");
+}
+
+TEST_F(Viewer, findsTheControlThatIsRegistered) {
+    const auto result = run(L"--registered");
+    EXPECT_EQ(result.status, 2U) << "none is registered";
+    EXPECT_FALSE(std::filesystem::exists(picture));
+    EXPECT_NE(result.output, "");
+    const Library library;
+    ASSERT_EQ(library.registerServer(), S_OK);
+    expectPicture(L"--registered");
+    library.unregisterServer();
 }
 
 } // namespace

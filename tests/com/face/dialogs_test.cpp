@@ -148,7 +148,7 @@ TEST_F(FaceDialogs, ThePageIsSaved) {
 
 // The host ends the control while one of its windows stands.
 TEST_F(FaceDialogs, EndWithTheFace) {
-    for (const char* command : {"PAGEGOTO", "ABOUT", "SHOWLOG"}) {
+    for (const char* command : {"PAGEGOTO", "ABOUT", "SHOWLOG", "SAVEPAGE"}) {
         SCOPED_TRACE(command);
         load();
         host->modeless.clear();
@@ -165,6 +165,27 @@ TEST_F(FaceDialogs, EndWithTheFace) {
         TearDown();
         SetUp();
     }
+}
+
+TEST_F(FaceDialogs, AQuestionOverADialogEndsWithIt) {
+    load();
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "pixmo-face-test.png";
+    std::ofstream(file, std::ios::binary) << "not to be lost";
+    std::thread user([&] {
+        EXPECT_TRUE(user::sees([] { return user::findWindow(Dialog, L"Save Page As"); }));
+        const HWND dialog = user::findWindow(Dialog, L"Save Page As");
+        EXPECT_TRUE(user::sees([&] { return GetForegroundWindow() == dialog; }));
+        user::press('A', 2);
+        user::type(file.wstring());
+        user::press(VK_RETURN);
+        EXPECT_TRUE(user::sees([&] { return user::findWindow(Dialog) != dialog; })) << "to replace it?";
+        SendMessageW(host->handle(), FaceHostWindow::EndFace, 0, 0);
+        EXPECT_TRUE(user::sees([] { return !user::findWindow(Dialog); }));
+    });
+    std::exchange(control, nullptr)->runCommand("SAVEPAGE");
+    user.join();
+    EXPECT_EQ(std::filesystem::file_size(file), 14U);
+    std::filesystem::remove(file);
 }
 
 } // namespace

@@ -1,24 +1,19 @@
 #include "tests/com/face/facetest.h"
 
-#include "core/base/product.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/ports/messagebox.h"
 #include "faces/com/windows/colours.h"
 #include "faces/com/windows/gdi.h"
 #include "faces/com/windows/pixelbuffer.h"
 
+#include <atomic>
 #include <commctrl.h>
 #include <cstdlib>
-#include <shlwapi.h>
+#include <thread>
 
 namespace pixmo::com {
 
 namespace {
-
-void forgetSettings() {
-    const std::wstring key = L"Software\\VB and VBA Program Settings\\" + toWide(product::ApplicationName);
-    SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str());
-}
 
 /// Of the button of that key, counted as the toolbar counts.
 int indexOf(const ImageView& control, const std::string& key) {
@@ -31,10 +26,25 @@ int indexOf(const ImageView& control, const std::string& key) {
 
 } // namespace
 
+void user::act(FaceHostWindow& host, const std::function<void()>& deeds,
+               const std::function<void()>& meanwhile) {
+    std::atomic<bool> done = false;
+    std::thread thread([&] {
+        deeds();
+        done = true;
+    });
+    if (meanwhile)
+        meanwhile();
+    EXPECT_TRUE(pumpUntil(host, [&] { return done.load(); }));
+    thread.join();
+    // What was pressed last is still on its way through the message queue.
+    EXPECT_TRUE(pumpUntil(host, [] { return GetQueueStatus(QS_INPUT) == 0; }));
+}
+
 void FaceTest::SetUp() {
     const char* const engine = std::getenv("PIXMO_ENGINE");
     ASSERT_TRUE(engine) << "PIXMO_ENGINE is to be the address of a sample engine";
-    forgetSettings();
+    user::forgetSettings();
     MessageBox::setStandIn([this](const std::string& text, Buttons buttons, Icon) {
         boxes.push_back(text);
         return buttons == Buttons::AbortRetryIgnore ? Answer::Abort : Answer::Cancel;
@@ -91,6 +101,8 @@ std::vector<uint32_t> FaceTest::pixels(HWND window, SIZE& size) const {
     if (!buffer.resize({client.right, client.bottom}))
         return {};
     const HDC source = GetDC(window);
+    // From left to right, as they are seen.
+    SetLayout(source, 0);
     BitBlt(buffer.dc(), 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
     ReleaseDC(window, source);
     const PixelSurface surface = buffer.surface();

@@ -15,6 +15,16 @@ inline constexpr int32_t ManyPages = 1001;
 inline constexpr int16_t ManyPagesCount = 12;
 } // namespace sample
 
+namespace user {
+
+/// Runs what the user does on a thread of its own and waits for its end, handling the window's messages all
+/// the time. `meanwhile` is done on the window's thread at once; it may open a modal window. Fails the test
+/// when it takes too long.
+void act(FaceHostWindow& host, const std::function<void()>& deeds,
+         const std::function<void()>& meanwhile = {});
+
+} // namespace user
+
 /// The control in a plain program's window, before the sample engine, with settings as a new user has them.
 class FaceTest : public testing::Test {
 protected:

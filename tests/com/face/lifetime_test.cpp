@@ -44,6 +44,24 @@ protected:
         const PixelSurface surface = buffer.surface();
         return {surface.pixels, surface.pixels + surface.stride * static_cast<size_t>(size.height)};
     }
+    /// To which side the upper third of a button's icon leans: below 0 to the left.
+    int64_t leanOf(const std::string& key) const {
+        constexpr LONG Half = 14;
+        POINT middle = buttonPlace(key);
+        ScreenToClient(toolbar(), &middle);
+        RECT client{};
+        GetClientRect(toolbar(), &client);
+        // Pixels on the screen run from left to right, the coordinates of a mirrored window do not.
+        if ((GetWindowLongPtrW(toolbar(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0)
+            middle.x = client.right - 1 - middle.x;
+        SIZE size{};
+        const auto shown = pixels(toolbar(), size);
+        int64_t lean = 0;
+        for (LONG y = middle.y - Half; y < middle.y - Half / 3; ++y)
+            for (LONG x = -Half; x <= Half; ++x)
+                lean += (shown[static_cast<size_t>(y * size.cx + middle.x + x)] & 0xFFU) < 0x80 ? x : 0;
+        return lean;
+    }
     static int64_t dark(const std::vector<uint32_t>& pixels) {
         return std::ranges::count_if(pixels, [](uint32_t pixel) { return (pixel & 0xFFU) < 0x80; });
     }
@@ -82,18 +100,28 @@ TEST_F(FaceLifetime, WindowsComeAndGoWithTheControlStaying) {
 }
 
 TEST_F(FaceLifetime, AHostReadFromTheRightGetsItsBarsSo) {
-    host->isMirrored = true;
-    host->face().destroyWindow();
-    ASSERT_TRUE(host->face().createWindow(host->handle(), {0, 0, 700, 500}));
-    host->face().show(true);
     load();
-    RECT outer{};
-    GetWindowRect(host->face().window(), &outer);
-    EXPECT_GT(buttonPlace("PRINT").x, buttonPlace("FITWIDTH").x);
-    RECT readOut{};
-    GetWindowRect(part(L"Static"), &readOut);
-    EXPECT_GT(readOut.left, (outer.left + outer.right) / 2);
-    EXPECT_EQ(GetWindowLongPtrW(page(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0) << "the page is as it is";
+    EXPECT_LT(leanOf("PAGENEXT"), -10);
+    EXPECT_LT(leanOf("ROTL"), -10);
+    for (const bool byWindow : {false, true}) {
+        SCOPED_TRACE(byWindow);
+        host->isMirrored = !byWindow;
+        SetWindowLongPtrW(host->handle(), GWL_EXSTYLE, byWindow ? WS_EX_LAYOUTRTL : 0);
+        host->face().destroyWindow();
+        ASSERT_TRUE(host->face().createWindow(host->handle(), {0, 0, 700, 500}));
+        host->face().show(true);
+        control->Refresh();
+        settle();
+        RECT outer{};
+        GetWindowRect(host->face().window(), &outer);
+        EXPECT_GT(buttonPlace("PRINT").x, buttonPlace("FITWIDTH").x);
+        RECT readOut{};
+        GetWindowRect(part(L"Static"), &readOut);
+        EXPECT_EQ(readOut.right, outer.right - 6);
+        EXPECT_EQ(GetWindowLongPtrW(page(), GWL_EXSTYLE) & WS_EX_LAYOUTRTL, 0) << "the page is as it is";
+        EXPECT_LT(leanOf("ROTL"), -10) << "a page turns as it does everywhere";
+        EXPECT_GT(leanOf("PAGENEXT"), 10) << "the next page lies to the left";
+    }
 }
 
 TEST_F(FaceLifetime, ManyFacesLeaveNothing) {

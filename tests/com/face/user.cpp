@@ -1,10 +1,10 @@
 #include "tests/com/face/user.h"
 
+#include "core/base/product.h"
+#include "faces/com/base/widetext.h"
+
 #include <array>
-#include <atomic>
-#include <gtest/gtest.h>
-#include <thread>
-#include <vector>
+#include <shlwapi.h>
 
 namespace pixmo::com::user {
 
@@ -35,6 +35,19 @@ void sendMouse(DWORD flags, DWORD data = 0) {
     send(input);
 }
 
+struct ButtonFlags {
+    DWORD down;
+    DWORD up;
+};
+
+ButtonFlags flagsOf(WORD button) {
+    if (button == VK_RBUTTON)
+        return {MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP};
+    if (button == VK_MBUTTON)
+        return {MOUSEEVENTF_MIDDLEDOWN, MOUSEEVENTF_MIDDLEUP};
+    return {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
+}
+
 void sendShift(int shiftState, bool down) {
     for (size_t i = 0; i < ShiftKeys.size(); ++i)
         if ((shiftState >> i & 1) != 0)
@@ -43,20 +56,6 @@ void sendShift(int shiftState, bool down) {
 
 } // namespace
 
-void act(FaceHostWindow& host, const std::function<void()>& deeds, const std::function<void()>& meanwhile) {
-    std::atomic<bool> done = false;
-    std::thread thread([&] {
-        deeds();
-        done = true;
-    });
-    if (meanwhile)
-        meanwhile();
-    EXPECT_TRUE(pumpUntil(host, [&] { return done.load(); }));
-    thread.join();
-    // What was pressed last is still on its way through the message queue.
-    EXPECT_TRUE(pumpUntil(host, [] { return GetQueueStatus(QS_INPUT) == 0; }));
-}
-
 bool sees(const std::function<bool()>& condition) {
     for (int look = 0; look < MostLooks; ++look) {
         if (condition())
@@ -64,6 +63,11 @@ bool sees(const std::function<bool()>& condition) {
         Sleep(LookInterval);
     }
     return false;
+}
+
+void forgetSettings() {
+    const std::wstring key = L"Software\\VB and VBA Program Settings\\" + toWide(product::ApplicationName);
+    SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str());
 }
 
 void press(WORD virtualKey, int shiftState) {
@@ -86,9 +90,10 @@ void moveTo(POINT screen) {
 }
 
 void click(POINT screen, bool right) {
+    const WORD button = right ? VK_RBUTTON : VK_LBUTTON;
     moveTo(screen);
-    sendMouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
-    sendMouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+    buttonDown(button);
+    buttonUp(button);
 }
 
 void doubleClick(POINT screen) {
@@ -96,12 +101,12 @@ void doubleClick(POINT screen) {
     click(screen);
 }
 
-void buttonDown() {
-    sendMouse(MOUSEEVENTF_LEFTDOWN);
+void buttonDown(WORD button) {
+    sendMouse(flagsOf(button).down);
 }
 
-void buttonUp() {
-    sendMouse(MOUSEEVENTF_LEFTUP);
+void buttonUp(WORD button) {
+    sendMouse(flagsOf(button).up);
 }
 
 void wheel(int notches, int shiftState) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "tests/com/face/facehostwindow.h"
-
 #include <functional>
 #include <string>
 #include <windows.h>
@@ -12,21 +10,22 @@ namespace pixmo::com {
 /// the window's thread handles its messages.
 namespace user {
 
-/// Runs what the user does and waits for its end, handling the window's messages all the time. `meanwhile` is
-/// done on the window's thread at once; it may open a modal window. Fails the test when it takes too long.
-void act(FaceHostWindow& host, const std::function<void()>& deeds,
-         const std::function<void()>& meanwhile = {});
+// All for the user's thread.
 
-/// All for the user's thread from here on. Waits until so; false when that takes too long.
+/// Waits until so; false when that takes too long.
 bool sees(const std::function<bool()>& condition);
+
+/// The settings are those of a new user.
+void forgetSettings();
 
 void press(WORD virtualKey, int shiftState = 0);
 void type(const std::wstring& text);
 void moveTo(POINT screen);
 void click(POINT screen, bool right = false);
 void doubleClick(POINT screen);
-void buttonDown();
-void buttonUp();
+/// VK_LBUTTON, VK_MBUTTON or VK_RBUTTON.
+void buttonDown(WORD button = VK_LBUTTON);
+void buttonUp(WORD button = VK_LBUTTON);
 void wheel(int notches, int shiftState = 0);
 
 /// The topmost window of that class, of this process; nullptr when there is none.

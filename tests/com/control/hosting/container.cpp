@@ -8,14 +8,28 @@
 
 namespace pixmo::com::test {
 
-Container::Container(const Library& library, const HostProfile& profile) : control_(library.makeControl()) {
+namespace {
+
+HWND makeWindow() {
+    return CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0,
+                           500, 400, nullptr, nullptr, nullptr, nullptr);
+}
+
+} // namespace
+
+Container::Container(const Library& library, const HostProfile& profile)
+    : Container(library.makeControl(), profile, profile.hasPlace ? makeWindow() : nullptr) {
+    ownWindow_ = site.window;
+}
+
+Container::Container(ComPtr<IUnknown> control, const HostProfile& profile, HWND window)
+    : control_(std::move(control)) {
     site.profile = profile;
+    site.window = window;
     if (!profile.hasPlace) {
         connectEvents();
         return;
     }
-    site.window = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN,
-                                  0, 0, 500, 400, nullptr, nullptr, nullptr, nullptr);
     site.ambients[DISPID_AMBIENT_USERMODE] = Variant(profile.userMode);
     site.ambients[DISPID_AMBIENT_BACKCOLOR] = Variant(int32_t{0x00D0E0F0});
     site.ambients[DISPID_AMBIENT_LOCALEID] = Variant(int32_t{0x0409});
@@ -46,8 +60,8 @@ Container::Container(const Library& library, const HostProfile& profile) : contr
 
 Container::~Container() {
     close();
-    if (site.window)
-        DestroyWindow(site.window);
+    if (ownWindow_)
+        DestroyWindow(ownWindow_);
 }
 
 void Container::connectEvents() {
@@ -72,6 +86,12 @@ BagContents Container::save(bool clearDirty) {
 
 void Container::activate() {
     check(verb(OLEIVERB_INPLACEACTIVATE));
+}
+
+void Container::move(const RECT& place) {
+    site.place = place;
+    site.clip = place;
+    check(as<IOleInPlaceObject>()->SetObjectRects(&place, &place));
 }
 
 HRESULT Container::verb(LONG verb) {

@@ -16,7 +16,9 @@ namespace pixmo::com::test {
 class Container {
 public:
     /// The control is made, sited and listened to, but has no properties yet.
-    explicit Container(const Library& library, const HostProfile& profile);
+    Container(const Library& library, const HostProfile& profile);
+    /// In a window of the host's.
+    Container(ComPtr<IUnknown> control, const HostProfile& profile, HWND window);
     ~Container();
     Container(const Container&) = delete;
     Container& operator=(const Container&) = delete;
@@ -28,6 +30,7 @@ public:
     BagContents save(bool clearDirty = true);
     /// In-place active, where the host has a place.
     void activate();
+    void move(const RECT& place);
     HRESULT verb(LONG verb);
     /// Deactivates, closes and releases the control; the container is empty then.
     ULONG close();
@@ -56,6 +59,7 @@ private:
     HRESULT invoke(const wchar_t* name, WORD flags, DISPPARAMS parameters, VARIANT* result) const;
     void connectEvents();
 
+    HWND ownWindow_ = nullptr;
     ComPtr<IUnknown> control_;
     ComPtr<IOleClientSite> clientSite_;
     ComPtr<IConnectionPoint> eventPoint_;

@@ -52,7 +52,8 @@ STDMETHODIMP InPlaceSitePart::OnInPlaceDeactivate() {
 
 STDMETHODIMP ControlSitePart::TranslateAccelerator(MSG* message, DWORD) {
     record_.keys.push_back(message->wParam);
-    return record_.profile.takesKeys ? S_OK : S_FALSE;
+    const bool takes = record_.takesKey ? record_.takesKey(*message) : record_.profile.takesKeys;
+    return takes ? S_OK : S_FALSE;
 }
 
 STDMETHODIMP ControlSitePart::OnFocus(BOOL focused) {

@@ -4,6 +4,7 @@
 #include "faces/com/base/variant.h"
 #include "tests/com/control/hosting/hostprofile.h"
 
+#include <functional>
 #include <map>
 #include <oaidl.h>
 #include <ocidl.h>
@@ -27,6 +28,8 @@ struct SiteRecord {
     int modelessDepth = 0; ///< EnableModeless(FALSE) without its TRUE yet
     ComPtr<IOleInPlaceActiveObject> active;
     std::vector<WPARAM> keys; ///< offered to the site
+    /// Whether the host takes a key that it is offered; none: as its profile says.
+    std::function<bool(const MSG&)> takesKey;
 
     void called(std::string call) { calls.push_back(std::move(call)); }
 };

@@ -44,7 +44,8 @@ std::string encipher(const std::string& plain) {
 SmallEngine::SmallEngine() {
     server_.answerBy([this](const std::string& request) {
         const std::string body = answer(request);
-        return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+        return transfers::RawServer::Reply{
+            "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body};
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/com/ports/rawserver.h"
+#include "tests/transfers/rawserver.h"
 
 #include <cstdint>
 #include <string>
@@ -23,7 +23,7 @@ public:
 private:
     std::string answer(const std::string& request) const;
 
-    RawServer server_;
+    transfers::RawServer server_;
 };
 
 } // namespace pixmo::com::test
