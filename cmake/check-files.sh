@@ -33,8 +33,8 @@ checkScripts() {
 }
 
 # Each header compiles alone: it includes what it uses. As an object, so that the compiler cache serves it.
-# A header that its own source includes before anything else is proved by the build. The control library's
-# headers need its own system and are left to its own build.
+# A header that its own source includes before anything else is proved by a build without precompiled headers
+# (preset asan). The control library's headers need its own system and are left to its own build.
 checkHeaders() {
     local compile=("${CXX:-g++}" -std=c++20 -fPIC -w "-I$root") without=(faces/com tests/com apps/windows) header flags
     command -v ccache >/dev/null && compile=(ccache "${compile[@]}")

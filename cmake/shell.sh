@@ -8,8 +8,7 @@ fail() {
     exit 1
 }
 
-# One object serves every build folder: without this the folder's own name would enter the cache's key.
-export CCACHE_NOHASHDIR=1
+# The cache of compilers needs a place.
 if [ ! -w "${HOME:-/nonexistent}" ]; then
     export CCACHE_DIR=${root:?}/build/ccache
 fi
