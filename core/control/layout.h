@@ -39,8 +39,8 @@ struct ControlLayout {
 };
 
 /// The toolbar on top, the status line at the bottom, the view between them. The status line has the page
-/// read-out at its left end and the zoom at its right end, or the other way round. The view keeps no less than nothing; what does not
-/// fit is cut from the bottom up.
+/// read-out at its left end and the zoom at its right end, or the other way round. The view keeps no less
+/// than nothing; what does not fit is cut from the bottom up.
 ControlLayout layOut(const LayoutMeasures& measures);
 
 } // namespace pixmo
