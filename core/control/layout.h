@@ -23,7 +23,7 @@ struct LayoutMeasures {
     int32_t progressWidth = 0; ///< 0 hides the progress bar
     int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
     bool debugShown = false;
-    int32_t gap = 6; ///< between the fields of the status line
+    int32_t gap = 6;        ///< between the fields of the status line
     bool fromRight = false; ///< the status line is read from its right end
 };
 
