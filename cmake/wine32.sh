@@ -7,7 +7,8 @@
 #   wine32.sh remove                 removes everything
 # Inside, the checkout has the path it has outside, and the working folder is the caller's.
 # PIXMO_WINE32 is the folder, TIMEOUT the seconds a command may take, DISPLAY the screen, DPI the pixels per inch of a
-# prefix that is made (96). Variables whose name begins with PIXMO_ reach the command. Status 75: this machine cannot do it; one line says why.
+# prefix that is made (96). Variables whose name begins with PIXMO_ or GTEST_ reach the command. Status 75: this machine
+# cannot do it; one line says why.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 wine=${PIXMO_WINE32:-/var/tmp/pixmo-wine32}
@@ -22,7 +23,8 @@ cannot() {
 
 if [ "$(id -u)" -ne 0 ]; then
     { command -v sudo && sudo -n true; } >/dev/null 2>&1 || cannot "no 32-bit Wine here: that needs root or sudo"
-    exec sudo -n --preserve-env=PIXMO_WINE32,TIMEOUT,DISPLAY,DPI,PIXMO_ENGINE,PIXMO_SAMPLES,GTEST_TOTAL_SHARDS,GTEST_SHARD_INDEX "${BASH_SOURCE[0]}" "$@"
+    kept=PIXMO_WINE32,TIMEOUT,DISPLAY,DPI,PIXMO_ENGINE,PIXMO_SAMPLES,GTEST_TOTAL_SHARDS,GTEST_SHARD_INDEX
+    exec sudo -n --preserve-env=$kept "${BASH_SOURCE[0]}" "$@"
 fi
 
 # inside PREFIX COMMAND... : in the root of Wine, with nothing of the caller's environment but what is named.

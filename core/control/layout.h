@@ -23,7 +23,7 @@ struct LayoutMeasures {
     int32_t progressWidth = 0; ///< 0 hides the progress bar
     int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
     bool debugShown = false;
-    int32_t gap = 6; ///< between the fields of the status line
+    int32_t gap = 6;        ///< between the fields of the status line
     bool fromRight = false; ///< the status line is read from its right end
 };
 
@@ -39,8 +39,8 @@ struct ControlLayout {
 };
 
 /// The toolbar on top, the status line at the bottom, the view between them. The status line has the page
-/// read-out at its left end and the zoom at its right end, or the other way round. The view keeps no less than nothing; what does not
-/// fit is cut from the bottom up.
+/// read-out at its left end and the zoom at its right end, or the other way round. The view keeps no less
+/// than nothing; what does not fit is cut from the bottom up.
 ControlLayout layOut(const LayoutMeasures& measures);
 
 } // namespace pixmo

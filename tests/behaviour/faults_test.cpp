@@ -5,6 +5,8 @@
 namespace pixmo::behaviour {
 namespace {
 
+constexpr const char* Silent = "Status = The server has sent nothing for 0.3 seconds.";
+
 /// What a fault of the server leads to.
 struct FaultCase {
     const char* fault;
@@ -43,7 +45,9 @@ protected:
 TEST_P(Faults, AreSeenAndOvercome) {
     const FaultCase& expected = GetParam();
     announcesErrors = true;
-    face->setStallTimeout(300);
+    // Whatever else is slow here is not given up.
+    if (expected.logged == std::string(Silent))
+        face->setStallTimeout(300);
     face->setFaults(expected.fault);
     face->load(sample::Deed, 3);
     const std::string texts = answerBoxes();
@@ -73,7 +77,6 @@ constexpr int32_t Count = sample::DeedPages;
 constexpr const char* NoContact = "Initial Contact failed or was cancelled.";
 constexpr const char* Invalid = "The server has returned an invalid response.";
 constexpr const char* Told = "2050 Engine The engine was told to fail.";
-constexpr const char* Silent = "Status = The server has sent nothing for 0.3 seconds.";
 constexpr const char* Refused = "Status = The server answered 500 Internal Server Error.";
 constexpr const char* Circling = "Status = The server redirects without end.";
 constexpr const char* CutShort = "Status = The answer ended after";

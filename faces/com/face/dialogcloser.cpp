@@ -7,12 +7,12 @@ namespace pixmo::com {
 
 namespace {
 
-/// Directly, or over another window of its own.
+/// Directly, or over another window of its own; without an owner: over none.
 bool standsOver(HWND window, HWND owner) {
     HWND below = GetWindow(window, GW_OWNER);
-    while (below && below != owner)
+    while (owner && below && below != owner)
         below = GetWindow(below, GW_OWNER);
-    return below != nullptr;
+    return below == owner;
 }
 
 /// Such a window cannot be told to close by means of its own, but it is a dialog of the system's class.

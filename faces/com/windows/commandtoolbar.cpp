@@ -15,8 +15,8 @@ namespace pixmo::com {
 
 namespace {
 
-constexpr int Padding =
-    6; ///< above and below a picture together, and on each side; device-independent pixels
+/// Above and below a picture together, and on each side of it; device-independent pixels.
+constexpr int Padding = 6;
 constexpr int RowMargin = 2; ///< below the last row
 constexpr int FirstCommand = 1;
 

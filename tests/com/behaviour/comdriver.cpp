@@ -183,7 +183,7 @@ ShownButton ComDriver::lookAtButton(size_t index) const {
     shown.enabled = (button.fsState & TBSTATE_ENABLED) != 0;
     shown.pressed = (button.fsState & TBSTATE_CHECKED) != 0;
     std::array<wchar_t, 100> text{};
-    // The texts are there in any case, as names.
+    // Without a row for them the texts are but names.
     if (SendMessageW(bar, TB_GETTEXTROWS, 0, 0) > 0) {
         SendMessageW(bar, TB_GETBUTTONTEXTW, static_cast<WPARAM>(button.idCommand),
                      reinterpret_cast<LPARAM>(text.data()));

@@ -29,47 +29,14 @@ protected:
     }
 };
 
-TEST_F(FaceBars, TheToolbarIsTheCores) {
-    load();
-    for (const bool all : {false, true}) {
-        control->setProperty("ThumbsAvailable", all);
-        control->setProperty("BookmarkAvailable", all);
-        const auto& buttons = control->tlbImage().Buttons;
-        ASSERT_EQ(static_cast<size_t>(SendMessageW(toolbar(), TB_BUTTONCOUNT, 0, 0)), buttons.size());
-        for (size_t i = 0; i < buttons.size(); ++i) {
-            SCOPED_TRACE(buttons[i].Key);
-            TBBUTTON shown{};
-            SendMessageW(toolbar(), TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&shown));
-            const bool separator = buttons[i].Style == ButtonStyle::Separator;
-            EXPECT_EQ((shown.fsStyle & BTNS_SEP) != 0, separator);
-            EXPECT_EQ((shown.fsStyle & BTNS_CHECKGROUP) == BTNS_CHECKGROUP,
-                      buttons[i].Style == ButtonStyle::ButtonGroup);
-            EXPECT_EQ((shown.fsState & TBSTATE_ENABLED) != 0, buttons[i].Enabled);
-            EXPECT_EQ((shown.fsState & TBSTATE_CHECKED) != 0, buttons[i].Pressed);
-        }
-    }
-    control->commands().setForbidden("PAGEGOTO", true);
-    control->Refresh();
-    EXPECT_NE(buttonState("PAGEGOTO") & TBSTATE_HIDDEN, 0);
-}
-
-TEST_F(FaceBars, ButtonsAreClicked) {
+TEST_F(FaceBars, AButtonMayGoWhileItIsClicked) {
     load();
     control->setProperty("BookmarkAvailable", true);
     int bookmarks = 0;
     control->events().BookmarkRequested.connect([&](int32_t, int32_t) {
         ++bookmarks;
-        // The button goes while it is being clicked.
         control->setProperty("BookmarkAvailable", false);
     });
-    act([&] { user::click(buttonPlace("PAGENEXT")); });
-    EXPECT_EQ(currentPage(), 2);
-    act([&] { user::click(buttonPlace("SELECTION")); });
-    EXPECT_NE(buttonState("SELECTION") & TBSTATE_CHECKED, 0);
-    EXPECT_EQ(buttonState("PAN") & TBSTATE_CHECKED, 0);
-    EXPECT_FALSE(control->lvrImage().dragMode);
-    act([&] { user::click(buttonPlace("CANCEL")); });
-    EXPECT_EQ(buttonState("CANCEL") & TBSTATE_ENABLED, 0);
     act([&] { user::click(buttonPlace("STAR")); });
     EXPECT_EQ(bookmarks, 1);
     EXPECT_EQ(static_cast<size_t>(SendMessageW(toolbar(), TB_BUTTONCOUNT, 0, 0)),
@@ -96,28 +63,6 @@ TEST_F(FaceBars, SizesCaptionsAndRows) {
     EXPECT_EQ(view.top, bar.bottom);
 }
 
-TEST_F(FaceBars, TipsAreTheCores) {
-    load();
-    const auto tip = [&](const char* key) {
-        std::array<wchar_t, 100> text{};
-        NMTBGETINFOTIPW ask{};
-        ask.hdr = {toolbar(), 0, static_cast<UINT>(TBN_GETINFOTIPW)};
-        ask.pszText = text.data();
-        ask.cchTextMax = static_cast<int>(text.size());
-        const auto& buttons = control->tlbImage().Buttons;
-        for (size_t i = 0; i < buttons.size(); ++i)
-            if (buttons[i].Key == key) {
-                TBBUTTON button{};
-                SendMessageW(toolbar(), TB_GETBUTTON, i, reinterpret_cast<LPARAM>(&button));
-                ask.iItem = button.idCommand;
-            }
-        SendMessageW(host->face().window(), WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&ask));
-        return std::wstring(text.data());
-    };
-    EXPECT_EQ(tip("PAGENEXT"), L"Next page");
-    EXPECT_EQ(tip("SELECTION"), L"Zoom to selection");
-}
-
 TEST_F(FaceBars, TheStatusRowReadsOut) {
     EXPECT_EQ(fields(), (std::vector<std::string>{"Page 0 of 0", "", ""}));
     load(3);
@@ -129,6 +74,19 @@ TEST_F(FaceBars, TheStatusRowReadsOut) {
     EXPECT_EQ(fields().at(1), "Loading\u2026");
     settle();
     EXPECT_EQ(fields().at(1), "");
+}
+
+TEST_F(FaceBars, AForbiddenCommandHasNoButton) {
+    control->commands().setForbidden("PAGEGOTO", true);
+    control->Refresh();
+    EXPECT_NE(buttonState("PAGEGOTO") & TBSTATE_HIDDEN, 0);
+}
+
+TEST_F(FaceBars, ADesignedFormHasNoMenus) {
+    load();
+    host->inUserMode = false;
+    SendMessageW(page(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(page()), -1);
+    EXPECT_FALSE(user::findWindow(L"#32768"));
 }
 
 TEST_F(FaceBars, TheHostsLookIsTaken) {
@@ -150,35 +108,6 @@ TEST_F(FaceBars, TheHostsLookIsTaken) {
     control->setProperty("Enabled", false);
     EXPECT_FALSE(IsWindowEnabled(host->face().window()));
     EXPECT_TRUE(std::ranges::find(host->changes, "BackColor") != host->changes.end());
-}
-
-TEST_F(FaceBars, MenusOpenAndGiveCommands) {
-    load();
-    constexpr const wchar_t* Menu = L"#32768";
-    act([&] {
-        user::click(onScreen(100, 100), true);
-        EXPECT_TRUE(user::sees([&] { return user::findWindow(Menu); }));
-        const auto menu = reinterpret_cast<HMENU>(SendMessageW(user::findWindow(Menu), MN_GETHMENU, 0, 0));
-        std::array<wchar_t, 60> text{};
-        GetMenuStringW(menu, 4, text.data(), 60, MF_BYPOSITION);
-        EXPECT_EQ(std::wstring(text.data()), L"Fit &Height\tCtrl+Shift+H");
-        EXPECT_NE(GetMenuState(menu, 2, MF_BYPOSITION) & MF_SEPARATOR, 0U);
-        EXPECT_NE(GetMenuState(menu, 0, MF_BYPOSITION) & MF_CHECKED, 0U) << "Pan";
-        user::press('Z');
-        EXPECT_TRUE(user::sees([&] { return !user::findWindow(Menu); }));
-    });
-    EXPECT_FALSE(control->lvrImage().dragMode) << "Zoom to Selection";
-    act([&] {
-        user::click(buttonPlace("PAGENEXT"), true);
-        EXPECT_TRUE(user::sees([&] { return user::findWindow(Menu); }));
-        user::press('S');
-        EXPECT_TRUE(user::sees([&] { return !user::findWindow(Menu); }));
-    });
-    EXPECT_TRUE(control->menuChecks().mnuPopup1SmallButtons);
-    EXPECT_EQ(currentPage(), 1);
-    host->inUserMode = false;
-    SendMessageW(page(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(page()), -1);
-    EXPECT_FALSE(user::findWindow(Menu)) << "a form is designed";
 }
 
 } // namespace

@@ -32,30 +32,6 @@ protected:
     static constexpr const wchar_t* Dialog = L"#32770";
 };
 
-TEST_F(FaceDialogs, GoToPageTakesANumber) {
-    load(3);
-    inDialog("PAGEGOTO", L"Go to Page", [](HWND dialog) {
-        const HWND number = child(dialog, L"Edit");
-        EXPECT_TRUE(child(dialog, L"Static", L"&Page (1 to 12):"));
-        EXPECT_EQ(user::textOf(number), L"3");
-        // All of it is selected, and only digits enter.
-        user::type(L"1a2-");
-        EXPECT_TRUE(user::sees([&] { return user::textOf(number) == L"12"; }));
-        user::press(VK_BACK);
-        EXPECT_TRUE(user::sees([&] { return user::textOf(number) == L"1"; }));
-        user::press('0');
-        user::press(VK_RETURN);
-    });
-    EXPECT_EQ(currentPage(), 10);
-    inDialog("PAGEGOTO", L"Go to Page", [](HWND) {
-        user::press('5');
-        user::press(VK_ESCAPE);
-    });
-    EXPECT_EQ(currentPage(), 10) << "cancelled";
-    inDialog("PAGEGOTO", L"Go to Page", [](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); });
-    EXPECT_EQ(currentPage(), 10);
-}
-
 TEST_F(FaceDialogs, StandOverTheirHost) {
     load();
     RECT over{};
