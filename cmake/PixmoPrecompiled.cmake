@@ -1,9 +1,9 @@
-# Headers that most files of a target include are parsed once. That must not hide a missing include: the core
-# and its codecs are built without on this system, and the presets asan, windows32 and windows64 build everything
-# without.
+# Headers that most files of a target include are parsed once. That must not hide a missing include: core and
+# codecs are built without it but for Windows, and the presets asan, windows32 and windows64 build everything without.
 #
 #     pixmo_precompile(target headers...)       the target's own
-#     pixmo_precompile(target REUSE other)      another target's, whose flags and definitions this one also has
+#     pixmo_precompile(target REUSE other)      another target's: this one has the same flags and at least its
+#                                               definitions (so a target without GoogleTest takes no test's)
 option(PIXMO_PRECOMPILE "Parse the headers that many files include once" ON)
 
 set(PIXMO_STANDARD_PRECOMPILED
