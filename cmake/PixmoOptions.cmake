@@ -8,12 +8,12 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 # The cache of compilers: one object serves every build folder and every checkout; what a file includes is known
 # from the compiler's list of dependencies, without running the preprocessor first; precompiled headers are
-# hashed once and need the leniency named here.
+# hashed once and need the leniency named here; messages in another language are none of its business.
 find_program(PIXMO_CCACHE ccache)
 find_program(PIXMO_ENV env)
 if(PIXMO_CCACHE AND PIXMO_ENV AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(launcher ${PIXMO_ENV} CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 CCACHE_DEPEND=1
-        CCACHE_INODECACHE=1 CCACHE_SLOPPINESS=pch_defines,time_macros ${PIXMO_CCACHE})
+        CCACHE_INODECACHE=1 CCACHE_SLOPPINESS=pch_defines,time_macros,locale ${PIXMO_CCACHE})
     set(CMAKE_C_COMPILER_LAUNCHER ${launcher})
     set(CMAKE_CXX_COMPILER_LAUNCHER ${launcher})
 endif()
