@@ -2,7 +2,7 @@
 
 #include "apps/pixmo/commandline.h"
 #include "apps/pixmo/recentdocuments.h"
-#include "faces/qt/imageview.h"
+#include "faces/qt/widget/imageview.h"
 
 #include <QKeySequence>
 #include <QMainWindow>

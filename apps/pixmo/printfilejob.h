@@ -1,7 +1,7 @@
 #pragma once
 
 #include "apps/pixmo/commandline.h"
-#include "faces/qt/imageview.h"
+#include "faces/qt/widget/imageview.h"
 
 #include <QObject>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #include "bench/view/viewbench.h"
-#include "faces/qt/thumbsview.h"
-#include "faces/qt/thumbswindow.h"
+#include "faces/qt/windows/thumbsview.h"
+#include "faces/qt/windows/thumbswindow.h"
 #include "tests/qt/waiting.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "bench/view/viewbench.h"
 #include "codecs/pagecodecs.h"
 #include "core/control/imageview.h"
-#include "faces/qt/imageviewprivate.h"
+#include "faces/qt/widget/imageviewprivate.h"
 
 #include <QAbstractScrollArea>
 #include <QImage>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "faces/qt/imageview.h"
+#include "faces/qt/widget/imageview.h"
 #include "tests/qt/engineprocess.h"
 
 #include <functional>

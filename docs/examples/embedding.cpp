@@ -1,4 +1,4 @@
-#include "faces/qt/imageview.h"
+#include "faces/qt/widget/imageview.h"
 
 #include <QApplication>
 #include <QMainWindow>

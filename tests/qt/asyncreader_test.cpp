@@ -1,4 +1,4 @@
-#include "faces/qt/asyncreader.h"
+#include "faces/qt/ports/asyncreader.h"
 
 #include "tests/qt/waiting.h"
 #include "tests/transfers/readertest.h"

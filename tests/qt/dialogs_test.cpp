@@ -1,8 +1,8 @@
 #include "core/control/imageview.h"
-#include "faces/qt/aboutdialog.h"
-#include "faces/qt/imageviewprivate.h"
-#include "faces/qt/logdialog.h"
-#include "faces/qt/savepagedialog.h"
+#include "faces/qt/widget/imageviewprivate.h"
+#include "faces/qt/windows/aboutdialog.h"
+#include "faces/qt/windows/logdialog.h"
+#include "faces/qt/windows/savepagedialog.h"
 #include "tests/qt/thumbsfixture.h"
 
 #include <QClipboard>

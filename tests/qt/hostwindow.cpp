@@ -1,6 +1,6 @@
 #include "tests/qt/hostwindow.h"
 
-#include "faces/qt/virtualkeys.h"
+#include "faces/qt/windows/virtualkeys.h"
 
 #include <QKeyEvent>
 #include <sstream>

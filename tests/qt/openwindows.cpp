@@ -1,10 +1,10 @@
 #include "tests/qt/openwindows.h"
 
-#include "faces/qt/aboutdialog.h"
-#include "faces/qt/gotodialog.h"
-#include "faces/qt/logdialog.h"
-#include "faces/qt/printdialog.h"
-#include "faces/qt/thumbswindow.h"
+#include "faces/qt/printing/printdialog.h"
+#include "faces/qt/windows/aboutdialog.h"
+#include "faces/qt/windows/gotodialog.h"
+#include "faces/qt/windows/logdialog.h"
+#include "faces/qt/windows/thumbswindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>

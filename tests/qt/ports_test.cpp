@@ -1,14 +1,14 @@
 #include "core/base/files.h"
-#include "faces/qt/eventloop.h"
-#include "faces/qt/messagebox.h"
-#include "faces/qt/scratchfolder.h"
-#include "faces/qt/settingsstore.h"
-#include "faces/qt/timers.h"
-#include "faces/qt/virtualkeys.h"
+#include "faces/qt/ports/eventloop.h"
+#include "faces/qt/ports/messagebox.h"
+#include "faces/qt/ports/scratchfolder.h"
+#include "faces/qt/ports/settingsstore.h"
+#include "faces/qt/ports/timers.h"
+#include "faces/qt/windows/virtualkeys.h"
 #include "tests/qt/boxwatcher.h"
 #include "tests/qt/waiting.h"
 
-#include "faces/qt/imageview.h"
+#include "faces/qt/widget/imageview.h"
 
 #include <QAbstractButton>
 #include <QFileInfo>
@@ -135,7 +135,7 @@ struct BoxCase {
 
 TEST(QtMessageBox, ShowsPlainTextWithTheSafestButtonAhead) {
     ImageView view;
-    MessageBox box(std::make_shared<WidgetLink>(WidgetLink{&view}));
+    MessageBox box(std::make_shared<FaceLink>(FaceLink{&view}));
     BoxWatcher watcher;
     const std::array<BoxCase, 5> cases = {{
         {Buttons::Ok, QMessageBox::Ok, Answer::Ok, Answer::Ok},
@@ -161,7 +161,7 @@ TEST(QtMessageBox, ShowsPlainTextWithTheSafestButtonAhead) {
 }
 
 TEST(QtMessageBox, UnattendedWritesToStandardError) {
-    MessageBox box(std::make_shared<WidgetLink>());
+    MessageBox box(std::make_shared<FaceLink>());
     box.setUnattended(true);
     testing::internal::CaptureStderr();
     EXPECT_EQ(box.ask("No page\r\nreturned.", Buttons::AbortRetryIgnore, Icon::None, ""), Answer::Abort);

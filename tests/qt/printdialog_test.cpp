@@ -1,4 +1,4 @@
-#include "faces/qt/imageviewprivate.h"
+#include "faces/qt/widget/imageviewprivate.h"
 #include "tests/qt/pdffile.h"
 #include "tests/qt/viewfixture.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/printing/pageprinter.h"
-#include "faces/qt/printers.h"
+#include "faces/qt/printing/printers.h"
 #include "faces/scripted/scriptedports.h"
 #include "faces/scripted/scriptedprinters.h"
 
@@ -28,7 +28,7 @@ protected:
 
     scripted::MessageBox box;
     cErrObject errors{&box};
-    Printers printers{std::make_shared<WidgetLink>()};
+    Printers printers{std::make_shared<FaceLink>()};
     scripted::PrintClient client;
     PrintRequest request;
 };

@@ -1,6 +1,6 @@
 #include "core/printing/dlgprint.h"
 #include "core/printing/printpreview.h"
-#include "faces/qt/previewdialog.h"
+#include "faces/qt/printing/previewdialog.h"
 #include "tests/qt/pdffile.h"
 #include "tests/qt/printfixture.h"
 

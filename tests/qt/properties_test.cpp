@@ -1,5 +1,5 @@
 #include "core/control/propertytable.h"
-#include "faces/qt/imageview.h"
+#include "faces/qt/widget/imageview.h"
 
 #include <QMetaProperty>
 #include <QSignalSpy>

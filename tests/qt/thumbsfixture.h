@@ -1,8 +1,8 @@
 #pragma once
 
-#include "faces/qt/settingsstore.h"
-#include "faces/qt/thumbsview.h"
-#include "faces/qt/thumbswindow.h"
+#include "faces/qt/ports/settingsstore.h"
+#include "faces/qt/windows/thumbsview.h"
+#include "faces/qt/windows/thumbswindow.h"
 #include "tests/qt/viewfixture.h"
 
 #include <QAction>

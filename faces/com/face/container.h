@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/platform/container.h"
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
 
 namespace pixmo::com {
 

@@ -2,9 +2,9 @@
 
 #include "codecs/pagecodecs.h"
 #include "codecs/pagewriter.h"
+#include "faces/com/base/facelink.h"
 #include "faces/com/face/container.h"
 #include "faces/com/face/controlpicture.h"
-#include "faces/com/face/facelink.h"
 #include "faces/com/face/faceports.h"
 #include "faces/com/ports/asyncreader.h"
 #include "faces/com/windows/dialogs.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/control/imageview.h"
-#include "faces/com/face/facehost.h"
+#include "faces/com/base/facehost.h"
 
 #include <memory>
 #include <windows.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
 
 namespace pixmo::com {
 

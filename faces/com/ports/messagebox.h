@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/platform/messagebox.h"
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
 
 #include <functional>
 

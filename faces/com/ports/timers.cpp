@@ -1,6 +1,6 @@
 #include "faces/com/ports/timers.h"
 
-#include "faces/com/windows/window.h"
+#include "faces/com/base/window.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 #include "faces/com/ports/transfer.h"
 
 #include "faces/com/base/widetext.h"
+#include "faces/com/base/window.h"
 #include "faces/com/ports/responsehead.h"
 #include "faces/com/ports/transferresult.h"
-#include "faces/com/windows/window.h"
 
 #include <array>
 #include <cstring>

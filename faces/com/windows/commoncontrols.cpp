@@ -1,6 +1,6 @@
 #include "faces/com/windows/commoncontrols.h"
 
-#include "faces/com/windows/window.h"
+#include "faces/com/base/window.h"
 
 #include <array>
 

@@ -1,9 +1,9 @@
 #include "faces/com/windows/debugpane.h"
 
 #include "faces/com/base/widetext.h"
+#include "faces/com/base/window.h"
 #include "faces/com/windows/fonts.h"
 #include "faces/com/windows/keys.h"
-#include "faces/com/windows/window.h"
 
 #include <utility>
 

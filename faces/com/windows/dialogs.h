@@ -2,7 +2,7 @@
 
 #include "core/platform/dialogs.h"
 #include "core/platform/settingsstore.h"
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
 
 #include <memory>
 

@@ -50,7 +50,7 @@ bool FaceWindow::makeChildren() {
                                                     if (handle())
                                                         mirror();
                                                 });
-    page_ = PageWindow::create(handle(), control_);
+    page_ = PageView::create(handle(), control_);
     debug_ = std::make_unique<DebugPane>(handle(), control_);
     status_ = std::make_unique<StatusRow>(handle(), mirrored);
     if (page_)

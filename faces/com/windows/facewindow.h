@@ -1,14 +1,14 @@
 #pragma once
 
 #include "core/control/imageview.h"
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
+#include "faces/com/base/window.h"
 #include "faces/com/windows/commandtoolbar.h"
 #include "faces/com/windows/debugpane.h"
 #include "faces/com/windows/gdi.h"
 #include "faces/com/windows/lookwatcher.h"
-#include "faces/com/windows/pagewindow.h"
+#include "faces/com/windows/pageview.h"
 #include "faces/com/windows/statusrow.h"
-#include "faces/com/windows/window.h"
 
 #include <memory>
 
@@ -21,7 +21,7 @@ public:
     static std::shared_ptr<FaceWindow> create(HWND parent, const RECT& place, const SharedFaceLink& link,
                                               const std::shared_ptr<ImageView>& control);
 
-    const std::shared_ptr<PageWindow>& page() const { return page_; }
+    const std::shared_ptr<PageView>& page() const { return page_; }
     /// The control has changed beside its page.
     void mirror();
     /// Colours, font, border or resolution may have changed.
@@ -50,7 +50,7 @@ private:
     SharedFaceLink link_;
     std::shared_ptr<ImageView> control_;
     std::unique_ptr<CommandToolbar> toolbar_;
-    std::shared_ptr<PageWindow> page_;
+    std::shared_ptr<PageView> page_;
     std::unique_ptr<DebugPane> debug_;
     std::unique_ptr<StatusRow> status_;
     std::shared_ptr<LookWatcher> watcher_;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "faces/com/windows/window.h"
+#include "faces/com/base/window.h"
 
 #include <functional>
 #include <memory>

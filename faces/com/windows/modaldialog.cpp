@@ -1,7 +1,7 @@
 #include "faces/com/windows/modaldialog.h"
 
+#include "faces/com/base/window.h"
 #include "faces/com/windows/dpi.h"
-#include "faces/com/windows/window.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
 #include "faces/com/windows/commoncontrols.h"
 #include "faces/com/windows/dialogtemplate.h"
 #include "faces/com/windows/programicon.h"

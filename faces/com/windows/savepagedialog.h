@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/dialogs/dlgsavepage.h"
-#include "faces/com/face/facelink.h"
+#include "faces/com/base/facelink.h"
 
 #include <filesystem>
 #include <optional>

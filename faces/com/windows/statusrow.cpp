@@ -1,9 +1,9 @@
 #include "faces/com/windows/statusrow.h"
 
 #include "faces/com/base/widetext.h"
+#include "faces/com/base/window.h"
 #include "faces/com/windows/dpi.h"
 #include "faces/com/windows/fonts.h"
-#include "faces/com/windows/window.h"
 
 #include <algorithm>
 #include <utility>

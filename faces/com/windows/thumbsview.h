@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/thumbs/dlgthumbs.h"
+#include "faces/com/base/window.h"
 #include "faces/com/windows/accessible.h"
 #include "faces/com/windows/gdi.h"
 #include "faces/com/windows/pixelbuffer.h"
-#include "faces/com/windows/window.h"
 
 #include <functional>
 #include <memory>

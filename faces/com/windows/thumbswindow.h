@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/thumbs/dlgthumbs.h"
+#include "faces/com/base/window.h"
 #include "faces/com/windows/commandtoolbar.h"
 #include "faces/com/windows/programicon.h"
 #include "faces/com/windows/thumbsview.h"
-#include "faces/com/windows/window.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "faces/com/windows/viewsurface.h"
 
 #include "faces/com/windows/dpi.h"
-#include "faces/com/windows/pagewindow.h"
+#include "faces/com/windows/pageview.h"
 
 namespace pixmo::com {
 

@@ -6,12 +6,12 @@
 
 namespace pixmo::com {
 
-class PageWindow;
+class PageView;
 
 /// The area of the page window, as long as there is one.
 class ViewSurface : public pixmo::ViewSurface {
 public:
-    void setWindow(const std::shared_ptr<PageWindow>& window) { window_ = window; }
+    void setWindow(const std::shared_ptr<PageView>& window) { window_ = window; }
 
     void repaint() override;
     int32_t width() const override;
@@ -20,7 +20,7 @@ public:
     void setPointer(int32_t code) override;
 
 private:
-    std::weak_ptr<PageWindow> window_;
+    std::weak_ptr<PageView> window_;
 };
 
 } // namespace pixmo::com

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "faces/com/base/window.h"
 #include "faces/com/control/imageviewobject.h"
-#include "faces/com/windows/window.h"
 #include "tests/behaviour/facedriver.h"
 #include "tests/com/control/hosting/container.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "faces/com/base/facehost.h"
+#include "faces/com/base/window.h"
 #include "faces/com/face/controlface.h"
-#include "faces/com/face/facehost.h"
-#include "faces/com/windows/window.h"
 
 #include <functional>
 #include <memory>
