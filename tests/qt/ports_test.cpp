@@ -135,7 +135,7 @@ struct BoxCase {
 
 TEST(QtMessageBox, ShowsPlainTextWithTheSafestButtonAhead) {
     ImageView view;
-    MessageBox box(std::make_shared<FaceLink>(FaceLink{&view}));
+    MessageBox box(std::make_shared<FaceLink>(FaceLink{&view, &view}));
     BoxWatcher watcher;
     const std::array<BoxCase, 5> cases = {{
         {Buttons::Ok, QMessageBox::Ok, Answer::Ok, Answer::Ok},

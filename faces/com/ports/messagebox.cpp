@@ -2,8 +2,8 @@
 
 #include "core/base/product.h"
 #include "core/base/text.h"
+#include "faces/com/base/dialogcloser.h"
 #include "faces/com/base/widetext.h"
-#include "faces/com/face/dialogcloser.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "faces/com/printing/printers.h"
 
+#include "faces/com/base/dialogcloser.h"
 #include "faces/com/base/widetext.h"
-#include "faces/com/face/dialogcloser.h"
 #include "faces/com/printing/printchoice.h"
 #include "faces/com/printing/printerdevice.h"
 

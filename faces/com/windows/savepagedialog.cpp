@@ -1,7 +1,7 @@
 #include "faces/com/windows/savepagedialog.h"
 
+#include "faces/com/base/dialogcloser.h"
 #include "faces/com/base/widetext.h"
-#include "faces/com/face/dialogcloser.h"
 
 #include <array>
 #include <commdlg.h>

@@ -2,7 +2,6 @@
 
 #include "core/base/product.h"
 #include "faces/qt/ports/texts.h"
-#include "faces/qt/widget/imageview.h"
 
 #include <QMessageBox>
 #include <QPointer>
@@ -90,9 +89,9 @@ Answer MessageBox::ask(const std::string& text, Buttons buttons, Icon icon, cons
         std::fprintf(stderr, "%s: %s\n", qUtf8Printable(shownTitle), qUtf8Printable(linesToQt(text)));
         return set.safestAnswer;
     }
-    if (!link_->widget)
+    if (!link_->owner)
         return set.safestAnswer;
-    const QPointer<QMessageBox> box = new QMessageBox(link_->widget);
+    const QPointer<QMessageBox> box = new QMessageBox(link_->owner);
     box->setWindowTitle(shownTitle);
     setTexts(*box, linesToQt(text));
     box->setIcon(iconOf(icon));

@@ -4,7 +4,6 @@
 #include "faces/qt/printing/filetarget.h"
 #include "faces/qt/printing/printerdevice.h"
 #include "faces/qt/printing/queuetarget.h"
-#include "faces/qt/widget/imageview.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -65,10 +64,10 @@ std::string Printers::currentName() const {
 }
 
 std::optional<std::string> Printers::choose(intptr_t, int32_t) {
-    if (!link_->widget)
+    if (!link_->owner)
         return std::nullopt;
     QWidget* const above = QApplication::activeModalWidget();
-    const QPointer<QDialog> dialog = new QDialog(above ? above : link_->widget);
+    const QPointer<QDialog> dialog = new QDialog(above ? above : link_->owner);
     dialog->setObjectName(QStringLiteral("dlgPrinters"));
     dialog->setWindowTitle(translated("Printers"));
     dialog->setWindowModality(Qt::WindowModal);
@@ -100,10 +99,10 @@ std::unique_ptr<PrintTarget> Printers::target() const {
 std::optional<QString> Printers::askPath(const QString& documentName) const {
     if (!file_.isEmpty())
         return file_;
-    if (!link_->widget)
+    if (!link_->owner)
         return std::nullopt;
     const QPointer<QFileDialog> dialog = new QFileDialog(
-        link_->widget, translated("Print to File"),
+        link_->owner, translated("Print to File"),
         QDir::home().filePath(documentName + QStringLiteral(".pdf")), translated("PDF files (*.pdf)"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(QStringLiteral("pdf"));

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/platform/printers.h"
+#include "faces/qt/ports/facelink.h"
 #include "faces/qt/printing/printtarget.h"
-#include "faces/qt/widget/facelink.h"
 
 #include <QString>
 

@@ -2,7 +2,6 @@
 
 #include "faces/qt/printing/previewdialog.h"
 #include "faces/qt/printing/printdialog.h"
-#include "faces/qt/widget/imageview.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -10,18 +9,18 @@
 namespace pixmo::qt {
 
 void PrintWindows::showModal(dlgPrint& dialog) {
-    if (!link_->widget)
+    if (!link_->owner)
         return;
-    const QPointer<PrintDialog> window = new PrintDialog(dialog, link_->widget);
+    const QPointer<PrintDialog> window = new PrintDialog(dialog, link_->owner);
     window->exec();
     delete window;
 }
 
 void PrintWindows::showModal(PrintPreview& preview) {
-    if (!link_->widget)
+    if (!link_->owner)
         return;
     QWidget* const above = QApplication::activeModalWidget();
-    const QPointer<PreviewDialog> window = new PreviewDialog(preview, above ? above : link_->widget);
+    const QPointer<PreviewDialog> window = new PreviewDialog(preview, above ? above : link_->owner);
     window->exec();
     delete window;
 }

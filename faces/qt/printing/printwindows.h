@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/platform/printwindows.h"
-#include "faces/qt/widget/facelink.h"
+#include "faces/qt/ports/facelink.h"
 
 namespace pixmo::qt {
 

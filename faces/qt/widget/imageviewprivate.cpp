@@ -51,7 +51,7 @@ ImageViewPrivate::ImageViewPrivate(ImageView& widget)
 }
 
 ImageViewPrivate::~ImageViewPrivate() {
-    link_->widget = nullptr;
+    *link_ = {};
     page_->setControl(nullptr);
     control_->UserControl_Terminate();
 }
@@ -80,7 +80,7 @@ ControlPorts ImageViewPrivate::ports() {
 
 /// The control's events become signals as long as there is a widget.
 void ImageViewPrivate::connectEvents() {
-    link_->widget = &widget_;
+    *link_ = {&widget_, &widget_};
     ControlEvents& events = control_->events();
     const auto forward = [link = link_](auto signal) {
         return [link, signal](auto&&... arguments) {

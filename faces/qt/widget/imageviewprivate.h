@@ -2,11 +2,11 @@
 
 #include "core/control/imageview.h"
 #include "faces/qt/ports/asyncreader.h"
+#include "faces/qt/ports/facelink.h"
 #include "faces/qt/ports/messagebox.h"
 #include "faces/qt/ports/texts.h"
 #include "faces/qt/printing/printers.h"
 #include "faces/qt/widget/commandactions.h"
-#include "faces/qt/widget/facelink.h"
 #include "faces/qt/widget/imageview.h"
 #include "faces/qt/windows/commandtoolbar.h"
 #include "faces/qt/windows/debugpane.h"

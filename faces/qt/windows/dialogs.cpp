@@ -4,7 +4,6 @@
 #include "core/dialogs/dlgsavepage.h"
 #include "faces/qt/ports/settingsstore.h"
 #include "faces/qt/ports/texts.h"
-#include "faces/qt/widget/imageview.h"
 #include "faces/qt/windows/aboutdialog.h"
 #include "faces/qt/windows/gotodialog.h"
 #include "faces/qt/windows/logdialog.h"
@@ -27,7 +26,7 @@ bool run(const QPointer<QDialog>& window) {
 } // namespace
 
 void Dialogs::showModal(dlgGotoPage& dialog) {
-    const QPointer<GotoDialog> window = link_->widget ? new GotoDialog(dialog, link_->widget) : nullptr;
+    const QPointer<GotoDialog> window = link_->owner ? new GotoDialog(dialog, link_->owner) : nullptr;
     if (!window || !run(window.data())) {
         dialog.cmdCancel_Click();
         return;
@@ -37,21 +36,21 @@ void Dialogs::showModal(dlgGotoPage& dialog) {
 }
 
 void Dialogs::showModal(dlgAbout& dialog) {
-    if (link_->widget)
-        run(new AboutDialog(dialog, link_->widget));
+    if (link_->owner)
+        run(new AboutDialog(dialog, link_->owner));
 }
 
 void Dialogs::showModal(dlgLog& dialog) {
-    if (link_->widget)
-        run(new LogDialog(dialog, link_->widget));
+    if (link_->owner)
+        run(new LogDialog(dialog, link_->owner));
 }
 
 std::optional<std::filesystem::path> Dialogs::askSavePath(const std::string& suggestedName) {
-    if (!link_->widget)
+    if (!link_->owner)
         return std::nullopt;
     SettingsStore settings;
     dlgSavePage dialog(suggestedName, settings);
-    const QPointer<SavePageDialog> window = new SavePageDialog(dialog, link_->widget);
+    const QPointer<SavePageDialog> window = new SavePageDialog(dialog, link_->owner);
     if (!run(window.data()))
         return std::nullopt;
     return std::filesystem::path(window->chosenPath().toStdU16String());

@@ -2,14 +2,17 @@
 
 #include <memory>
 
+class QWidget;
+
 namespace pixmo::qt {
 
 class ImageView;
 
 /// The way from the control, which lives as long as any of its procedures runs, to its widget. The widget
-/// cuts it when its end begins.
+/// cuts it when its end begins: both are nullptr from then on.
 struct FaceLink {
-    ImageView* widget = nullptr; ///< nullptr once the widget ends
+    ImageView* widget = nullptr;
+    QWidget* owner = nullptr; ///< the same widget, for those who only open a window above it
 };
 
 using SharedFaceLink = std::shared_ptr<FaceLink>;

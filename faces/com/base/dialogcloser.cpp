@@ -1,4 +1,4 @@
-#include "faces/com/face/dialogcloser.h"
+#include "faces/com/base/dialogcloser.h"
 
 #include <array>
 #include <string_view>
