@@ -84,6 +84,11 @@ std::string toAnsi(std::string_view utf8) {
     return bytes;
 }
 
+int16_t ansiCode(std::string_view utf8) {
+    const std::string bytes = toAnsi(firstCharacter(utf8));
+    return static_cast<int16_t>(bytes.empty() ? 0 : static_cast<unsigned char>(bytes.front()));
+}
+
 std::string fromAnsi(std::string_view bytes) {
     const AnsiTables& page = tables();
     std::string utf8;

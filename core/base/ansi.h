@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ void setAnsiCodePage(const CodePage& page);
 
 /// One byte a character; a character that the code page lacks, and ill-formed UTF-8, becomes '?'.
 std::string toAnsi(std::string_view utf8);
+
+/// The code of the first character; 0 for no character.
+int16_t ansiCode(std::string_view utf8);
 
 /// One character a byte.
 std::string fromAnsi(std::string_view bytes);

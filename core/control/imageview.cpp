@@ -50,6 +50,7 @@ ImageView::ImageView(ControlPorts ports)
     commands_.ToolbarStyleChanged.connect([this] { UpdateUI(); });
     commands_.canShowThumbs = parts_.ports.thumbnailHost != nullptr;
     commands_.ThumbnailsRequested.connect([this] { thumbnails_.ShowThumbNails(); });
+    mouse_.Clicked.connect([this] { UserControl_Click(); });
     connectPrinting();
 }
 

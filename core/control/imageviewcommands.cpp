@@ -1,5 +1,6 @@
 #include "core/control/imageview.h"
 
+#include "core/base/virtualkeys.h"
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -59,6 +60,8 @@ std::vector<MenuItem> ImageView::lvrImage_RightClick() const {
 bool ImageView::UserControl_KeyDown(int16_t& keyCode, int16_t& shift) {
     const auto self = shared_from_this();
     bool handled = false;
+    if (keyCode == key::Escape)
+        mouse_.cancelDrag();
     parts_.procedure("UserControl_KeyDown")
         .step([this] { return parts_.ports.container->userMode() ? Flow::GoOn : Flow::Leave; })
         .step([&] { trace("UserControl_KeyDown " + std::to_string(keyCode) + " " + std::to_string(shift)); })

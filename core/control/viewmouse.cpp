@@ -60,6 +60,13 @@ void ViewMouse::lvrImage_MouseUp(double x, double y) {
         parts_.leadImageHelp.EventHandler_RubberBand();
 }
 
+void ViewMouse::release(int32_t button, double x, double y) {
+    const Size view = parts_.lvrImage.geometry().viewport();
+    lvrImage_MouseUp(x, y);
+    if (button == mouse_button::Left && x >= 0 && y >= 0 && x < view.width && y < view.height)
+        Clicked.raise();
+}
+
 void ViewMouse::cancelDrag() {
     if (drag_ == Drag::None)
         return;
@@ -78,15 +85,13 @@ void ViewMouse::endDrag() {
 }
 
 void ViewMouse::lvrImage_MouseWheel(double notchesX, double notchesY, int16_t shift, double x, double y) {
-    constexpr int16_t Shift = 1;
-    constexpr int16_t Ctrl = 2;
-    if ((shift & Ctrl) != 0) {
+    if ((shift & shift_key::Ctrl) != 0) {
         zoomByGesture(std::pow(ZoomANotch, notchesY), x, y);
         return;
     }
     const double lineX = LinesANotch * parts_.lvrImage.horizontalBar().lineStep;
     const double lineY = LinesANotch * parts_.lvrImage.verticalBar().lineStep;
-    if ((shift & Shift) != 0)
+    if ((shift & shift_key::Shift) != 0)
         scrollPixels(-(notchesX + notchesY) * lineX, 0);
     else
         scrollPixels(-notchesX * lineX, -notchesY * lineY);

@@ -1,17 +1,11 @@
 #pragma once
 
+#include "core/base/virtualkeys.h"
 #include "core/control/controlparts.h"
 
 #include <cstdint>
 
 namespace pixmo {
-
-/// Buttons of the mouse, by their code.
-namespace mouse_button {
-inline constexpr int32_t Left = 1;
-inline constexpr int32_t Right = 2;
-inline constexpr int32_t Middle = 4;
-} // namespace mouse_button
 
 /// The mouse over the page: drags that pan or draw a rubber band, wheel and gesture. All positions are
 /// device pixels of the view. While no page is displayed nothing happens.
@@ -22,6 +16,9 @@ public:
     void lvrImage_MouseDown(int32_t button, double x, double y);
     void lvrImage_MouseMove(double x, double y);
     void lvrImage_MouseUp(double x, double y);
+    /// As a face tells it: the end of a drag, and a click when the left button was over the view.
+    void release(int32_t button, double x, double y);
+    Event<> Clicked;
     /// Ends a drag as if it had not begun to draw: Escape, or the mouse was taken away.
     void cancelDrag();
 

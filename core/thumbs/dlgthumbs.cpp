@@ -63,7 +63,8 @@ dlgThumbs::dlgThumbs(const ThumbDocument& document, TimerFactory& timers, Settin
     : document_(document), settings_(settings), surface_(surface), tmrLoad_(timers.createTimer([this] {
           const auto held = weak_from_this().lock();
           tmrLoad_Timer();
-      })) {
+      })),
+      mouse_(*this, timers) {
     tmrLoad_->setInterval(LoadInterval);
     LoadSettings();
 }
@@ -85,17 +86,19 @@ void dlgThumbs::reset() {
     loading_.clear();
     notFetched_.clear();
     followedPage_ = 0;
-    bandActive_ = false;
+    mouse_.release();
     grid_.setItemCount(0);
     changed();
 }
 
 void dlgThumbs::setShown(bool shown) {
     shown_ = shown;
-    if (shown)
+    if (shown) {
         startLoading();
-    else
+    } else {
         tmrLoad_->stop();
+        mouse_.release();
+    }
 }
 
 /// The view has the page that no thumbnail could be made of.
@@ -126,24 +129,6 @@ void dlgThumbs::documentChanged() {
     followedPage_ = page;
     startLoading();
     changed();
-}
-
-std::string dlgThumbs::Caption() const {
-    const std::string title = "Thumbnails";
-    return shownDocument_ == 0 ? title : title + " \u2013 Document " + std::to_string(shownDocument_);
-}
-
-std::string dlgThumbs::notice() const {
-    if (grid_.itemCount() > 0)
-        return {};
-    return shownDocument_ == 0 ? "No document is loaded." : "The pages are being counted\u2026";
-}
-
-std::string dlgThumbs::tip(int16_t page) const {
-    std::string name = "Page " + std::to_string(page);
-    if (state(page) != ThumbState::Failed)
-        return name;
-    return name + ": " + reason(page) + std::string(LineBreak) + "Click to try again.";
 }
 
 void dlgThumbs::resized() {
@@ -307,6 +292,12 @@ void dlgThumbs::SaveSettings() {
     save(KeyLargeButtons, flag(mnuPopup1LargeButtons));
     save(KeyCaptions, flag(mnuPopup1ButtonCaptions));
     save(KeyFactor, std::to_string(itemSizeFactor_));
+}
+
+FormPosition dlgThumbs::usualPlace(const Rectangle& viewer) {
+    constexpr int32_t beside = 8;
+    constexpr Size usual = {420, 560};
+    return {viewer.right() + beside, viewer.top, usual.width, usual.height};
 }
 
 FormPosition dlgThumbs::LoadFormPosition(const std::vector<Rectangle>& screens,

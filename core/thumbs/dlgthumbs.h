@@ -8,6 +8,7 @@
 #include "core/platform/viewsurface.h"
 #include "core/thumbs/thumbdocument.h"
 #include "core/thumbs/thumbgrid.h"
+#include "core/thumbs/thumbmouse.h"
 #include "core/thumbs/thumbnailwindow.h"
 #include "core/thumbs/thumbpictures.h"
 #include "core/thumbs/thumbselection.h"
@@ -39,6 +40,7 @@ class dlgThumbs : public ThumbnailWindow, public std::enable_shared_from_this<dl
 public:
     static constexpr int32_t SmallestFactor = 20; ///< percent
     static constexpr int32_t LargestFactor = 300;
+    static constexpr Size LeastSize = {160, 160}; ///< of the window
 
     /// All outlive the window.
     dlgThumbs(const ThumbDocument& document, TimerFactory& timers, SettingsStore& settings,
@@ -67,6 +69,12 @@ public:
     int32_t itemSizeFactor() const { return itemSizeFactor_; }
     void setItemSizeFactor(int32_t percent);
 
+    /// What a face tells of the mouse.
+    ThumbMouse& mouse() { return mouse_; }
+    /// The page there; 0 for none.
+    int16_t pageAt(double x, double y) const;
+    /// Where a menu opens that the keyboard asks for: at the page that has the focus, as far as it is seen.
+    Rectangle menuPlace() const;
     /// On a page that failed it tries again.
     void click(int32_t x, int32_t y, int16_t shift);
     void doubleClick(int32_t x, int32_t y);
@@ -87,8 +95,25 @@ public:
     std::string Caption() const;
     /// What to show in place of the thumbnails; "" when there are some.
     std::string notice() const;
-    /// What a pointer that rests on the page is told.
+    /// What a pointer that rests on the page, or there, is told; "" where there is none.
     std::string tip(int16_t page) const;
+    std::string tipAt(double x, double y) const;
+    /// What assistive programs are told of the page: "Page 4", and why it failed or that it is on screen.
+    static std::string name(int16_t page);
+    std::string description(int16_t page) const;
+    struct Facts {
+        bool selected = false;
+        bool focus = false; ///< the keyboard moves from here
+        bool loading = false;
+        bool seen = false;
+    };
+    Facts facts(int16_t page) const;
+    /// What has changed since the last call that assistive programs are told of.
+    struct Told {
+        bool focus = false;
+        bool selection = false;
+    };
+    Told takeChanges();
     int16_t currentPage() const { return followedPage_; }
     bool canPrintSelection() const { return document_.canPrint() && !selection_.items().empty(); }
 
@@ -111,6 +136,8 @@ public:
     bool mnuPopup1ButtonCaptions = false;
     void LoadSettings();
     void SaveSettings();
+    /// Beside the window of the viewer.
+    static FormPosition usualPlace(const Rectangle& viewer);
     /// The kept position, or the default, moved onto the screens (their usable areas).
     FormPosition LoadFormPosition(const std::vector<Rectangle>& screens, const FormPosition& fallback) const;
     void SaveFormPosition(const FormPosition& position);
@@ -149,6 +176,9 @@ private:
     int32_t bandY_ = 0; ///< in the whole list, not in the window
     Rectangle band_;
     std::set<int32_t> bandBefore_;
+    int32_t toldFocus_ = -1;
+    size_t toldSelected_ = 0;
+    ThumbMouse mouse_;
 };
 
 } // namespace pixmo

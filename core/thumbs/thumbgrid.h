@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/imaging/rectangle.h"
+#include "core/imaging/viewgeometry.h"
 
 #include <cstdint>
 
@@ -18,6 +19,7 @@ public:
     void setViewport(Size size);
     void setPictureSize(Size size);
 
+    Size viewport() const { return viewport_; }
     int32_t itemCount() const { return itemCount_; }
     Size pictureSize() const { return picture_; }
     Size cellSize() const {
@@ -29,6 +31,7 @@ public:
     int32_t scrollPosition() const { return scroll_; }
     int32_t scrollMaximum() const;
     int32_t pageStep() const { return viewport_.height; }
+    ScrollBar scrollBar() const { return {scroll_, scrollMaximum(), pageStep(), lineStep()}; }
     int32_t lineStep() const { return cellSize().height / 4; }
     void scrollTo(int32_t position);
     /// As little as needed to see all of the item.

@@ -2,17 +2,19 @@
 #include "core/thumbs/dlgthumbs.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
-// Mouse and keyboard of the thumbnail window.
+// What the user selects, by keys and by places that ThumbMouse tells.
 namespace pixmo {
 
 namespace {
 
-constexpr int16_t Shift = 1;
-constexpr int16_t Ctrl = 2;
-constexpr int16_t Alt = 4;
+using shift_key::Alt;
+using shift_key::Ctrl;
+using shift_key::Shift;
 
 ThumbSelection::How howOf(int16_t shift) {
     if ((shift & Shift) != 0)
@@ -21,6 +23,24 @@ ThumbSelection::How howOf(int16_t shift) {
 }
 
 } // namespace
+
+int16_t dlgThumbs::pageAt(double x, double y) const {
+    const auto whole = [](double place) { return static_cast<int32_t>(std::floor(place)); };
+    return static_cast<int16_t>(grid_.itemAt(whole(x), whole(y)) + 1);
+}
+
+Rectangle dlgThumbs::menuPlace() const {
+    const Rectangle view = {0, 0, grid_.viewport().width, grid_.viewport().height};
+    const Rectangle seen = intersection(grid_.cell(std::max(0, selection_.focus())), view);
+    return seen.empty() ? view : seen;
+}
+
+dlgThumbs::Told dlgThumbs::takeChanges() {
+    const int32_t focus = selection_.focus();
+    const size_t selected = selection_.items().size();
+    return {std::exchange(toldFocus_, focus) != focus && focus >= 0,
+            std::exchange(toldSelected_, selected) != selected};
+}
 
 void dlgThumbs::click(int32_t x, int32_t y, int16_t shift) {
     const int32_t item = grid_.itemAt(x, y);

@@ -14,7 +14,8 @@ constexpr double UsualProportion = 8.5 / 11;
 constexpr uint32_t SelectionAlpha = 72;
 constexpr double SelectionRadius = 4;
 constexpr double CurrentFrame = 2; ///< width of the frame around the page on screen
-constexpr double PillMargin = 6;   ///< beside the number of a selected page
+constexpr double NoticeMargin = 16;
+constexpr double PillMargin = 6; ///< beside the number of a selected page
 
 /// How far the outline of a page stands out from what is behind it, 0 to 1.
 constexpr double PaperTone = 0.06;
@@ -62,6 +63,11 @@ Rectangle ThumbPainter::onDevice(const RealRectangle& r) const {
     return {device(r.left), device(r.top), device(r.width), device(r.height)};
 }
 
+RealRectangle ThumbPainter::noticeRoom() const {
+    const Size view = thumbs_.grid().viewport();
+    return grown({0, 0, 0.0 + view.width, 0.0 + view.height}, -NoticeMargin);
+}
+
 std::vector<TextRun> ThumbPainter::paint() {
     for (int32_t y = 0; y < surface_.height; ++y)
         std::ranges::fill(surface_.row(y), Opaque | look_.palette.base);
@@ -71,6 +77,8 @@ std::vector<TextRun> ThumbPainter::paint() {
         paintItem(item);
     if (thumbs_.isBandShown())
         paintBand();
+    if (const std::string notice = thumbs_.notice(); !notice.empty())
+        texts_.push_back({onDevice(noticeRoom()), notice, false, look_.palette.placeholder, true});
     return texts_;
 }
 
@@ -222,7 +230,7 @@ void ThumbPainter::paintNumber(int32_t item, const Rectangle& cell) {
     const bool selected = thumbs_.selection().isSelected(item);
     run.rgb = selected ? look_.palette.highlightedText : look_.palette.text;
     if (selected) {
-        const Size size = measure_(run.text, run.bold);
+        const Size size = measure_(run.text, run.bold, 0);
         const double pillHeight = std::min(height - 2.0, size.height / look_.ratio + 2);
         Path pill;
         pill.addRoundedRectangle(centred(size.width / look_.ratio + 2 * PillMargin, pillHeight, line),

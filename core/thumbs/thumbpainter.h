@@ -20,7 +20,7 @@ public:
 
     ThumbPainter(dlgThumbs& thumbs, const PixelSurface& surface, const Look& look, TextMeasure measure);
 
-    /// Fills the whole surface; the page numbers are left to the face.
+    /// Fills the whole surface; page numbers and the notice are left to the face.
     std::vector<TextRun> paint();
 
 private:
@@ -38,6 +38,7 @@ private:
     void paintNumber(int32_t item, const Rectangle& cell);
     void paintFocus(const Rectangle& cell);
     void paintBand();
+    RealRectangle noticeRoom() const;
     uint32_t towardsText(double share) const;
     RealRectangle centred(double width, double height, const RealRectangle& room) const;
     Rectangle onDevice(const RealRectangle& rectangle) const;

@@ -28,7 +28,10 @@ protected:
     void paint(bool focused = false) {
         Palette palette;
         palette.highlight = Highlight;
-        paintView(*control.view, {pixels.data(), Width, Height, Width}, palette, focused);
+        texts = paintView(*control.view, {pixels.data(), Width, Height, Width}, palette, focused,
+                          [](const std::string&, bool, int32_t) {
+                              return Size{80, 20};
+                          });
     }
     void show() {
         control.open(5, 1, 3);
@@ -37,6 +40,7 @@ protected:
     }
 
     scripted::ScriptedControl control;
+    std::vector<TextRun> texts;
     std::vector<uint32_t> pixels = std::vector<uint32_t>(size_t{Width} * Height);
 };
 
@@ -53,7 +57,11 @@ TEST_F(ViewPicture, IsNeverThatOfAnotherPage) {
     control.reader->fail(control.tag("GP", 5, 2), "gone");
     ASSERT_FALSE(control.view->viewNotice().empty());
     paint();
-    EXPECT_EQ(std::ranges::count(pixels, 0xFF406080U), Width * Height) << "gone when it cannot be had";
+    EXPECT_EQ(std::ranges::count(pixels, 0xFF406080U), Width * Height - 104 * 44)
+        << "gone when it cannot be had, but for the plate of the notice";
+    ASSERT_EQ(texts.size(), 1U);
+    EXPECT_EQ(texts.front().text, control.view->viewNotice());
+    EXPECT_EQ(texts.front().place, (Rectangle{60, 70, 80, 20}));
 }
 
 TEST_F(ViewPicture, HasTheBandAndTheFrameOfTheFocus) {

@@ -34,8 +34,8 @@ TEST_F(Thumbs, ShowsThePagesOfTheDocument) {
     const ThumbGrid::Range range = thumbs()->grid().visible();
     const QImage seen = list().viewport()->grab().toImage();
     for (int item = range.first; item < range.end; ++item) {
-        if (list().viewport()->rect().contains(list().cell(item))) {
-            EXPECT_GT(inkPixels(seen, list().cell(item)), 100) << "page " << item + 1;
+        if (list().viewport()->rect().contains(cell(item))) {
+            EXPECT_GT(inkPixels(seen, cell(item)), 100) << "page " << item + 1;
         }
     }
     keepPicture(*window(), QStringLiteral("thumbs-12"));
@@ -60,8 +60,8 @@ TEST_F(Thumbs, MouseAndKeyboard) {
     EXPECT_TRUE(waitForPage(3));
     QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(thumbs()->selectedPages().size(), 12U);
-    const QPoint from = list().cell(0).topLeft() + QPoint(3, 3);
-    const QPoint to = list().cell(1).center();
+    const QPoint from = cell(0).topLeft() + QPoint(3, 3);
+    const QPoint to = cell(1).center();
     QTest::mousePress(list().viewport(), Qt::LeftButton, {}, from);
     QTest::mouseMove(list().viewport(), to);
     EXPECT_TRUE(waitFor([&] { return thumbs()->isBandShown(); }));

@@ -61,7 +61,8 @@ protected:
         });
     }
 
-    QPoint middle(int page) const { return list().cell(page - 1).center(); }
+    QRect cell(int item) const { return toQt(thumbs()->grid().cell(item)); }
+    QPoint middle(int page) const { return cell(page - 1).center(); }
     void click(int page, Qt::KeyboardModifiers with = {}) const {
         QTest::mouseClick(list().viewport(), Qt::LeftButton, with, middle(page));
     }

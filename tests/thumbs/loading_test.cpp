@@ -124,7 +124,12 @@ TEST_F(Loading, EveryFailureIsTheThumbnailsOwn) {
     tick(1);
     EXPECT_EQ(thumbs()->reason(22), "Connection refused");
     EXPECT_EQ(thumbs()->reason(21), "Error: page is locked");
-    EXPECT_EQ(thumbs()->tip(23), "Page 23: Invalid picture\r\nClick to try again.");
+    const std::string tip = "Page 23: Invalid picture\r\nClick to try again.";
+    const Rectangle cell = thumbs()->grid().cell(22);
+    EXPECT_EQ(thumbs()->tipAt(cell.left, cell.top), tip);
+    EXPECT_EQ(thumbs()->description(23), tip);
+    EXPECT_EQ(thumbs()->description(1), "Shown in the viewer");
+    EXPECT_EQ(thumbs()->tipAt(cell.right() + 0.5, cell.top), "Page 24");
     for (const int16_t page : {int16_t{21}, int16_t{22}, int16_t{23}})
         EXPECT_EQ(thumbs()->state(page), ThumbState::Failed) << page;
     EXPECT_TRUE(control.view->isPageDisplayed());

@@ -1,11 +1,12 @@
+#include "core/base/virtualkeys.h"
 #include "tests/thumbs/thumbsfixture.h"
 
 namespace pixmo {
 namespace {
 
-constexpr int16_t Shift = 1;
-constexpr int16_t Ctrl = 2;
-constexpr int16_t Alt = 4;
+using shift_key::Alt;
+using shift_key::Ctrl;
+using shift_key::Shift;
 
 /// 40 pages in rows of 6; the last row has 4.
 class Selection : public ThumbsFixture {
@@ -36,37 +37,102 @@ TEST_F(Selection, ARangeBeginsAtThePageOnScreen) {
     EXPECT_EQ(thumbs()->selectedPages(), (Pages{1, 2, 3, 4}));
 }
 
-TEST_F(Selection, RubberBand) {
+TEST_F(Selection, TheMouseDrawsARubberBand) {
     click(40);
     const Rectangle first = thumbs()->grid().cell(7);
     const Rectangle last = thumbs()->grid().cell(14);
-    thumbs()->bandStart(last.right() - 5, last.bottom() - 5, 0);
+    ThumbMouse& mouse = thumbs()->mouse();
+    mouse.move(first.left, first.top);
+    mouse.press(mouse_button::Left, last.right() - 5, last.bottom() - 5, 0);
+    mouse.move(last.right() - 8, last.bottom() - 8);
+    EXPECT_FALSE(thumbs()->isBandShown()) << "a hand that shakes has clicked";
+    mouse.move(last.right() - 9, last.bottom() - 5);
     EXPECT_TRUE(thumbs()->isBandShown());
-    thumbs()->bandMove(first.left + 5, first.top + 5);
+    mouse.move(first.left + 5.7, first.top + 5.7);
     EXPECT_EQ(thumbs()->selectedPages(), (Pages{8, 9, 14, 15}));
-    thumbs()->bandMove(last.left + 5, last.top + 5);
+    EXPECT_EQ(thumbs()->band().left, first.left + 5);
+    mouse.move(last.left + 5, last.top + 5);
     EXPECT_EQ(thumbs()->selectedPages(), (Pages{15})) << "it may shrink again";
-    thumbs()->bandEnd();
+    mouse.release();
     EXPECT_FALSE(thumbs()->isBandShown());
-    thumbs()->bandMove(0, 0);
+    mouse.move(0, 0);
     EXPECT_EQ(thumbs()->selectedPages(), (Pages{15}));
-    thumbs()->bandStart(first.left + 5, first.top + 5, Ctrl);
-    thumbs()->bandMove(first.left + 9, first.top + 9);
-    EXPECT_EQ(thumbs()->selectedPages(), (Pages{8, 15}));
-    thumbs()->bandEnd();
-    thumbs()->bandStart(2, 2, 0);
-    thumbs()->bandEnd();
-    EXPECT_TRUE(thumbs()->selectedPages().empty()) << "a click beside the pages";
+    mouse.press(mouse_button::Left, first.left + 5, first.top + 5, Ctrl);
+    mouse.move(first.left + 5, first.top + 9);
+    EXPECT_EQ(thumbs()->selectedPages(), (Pages{8, 15})) << "beside what was selected";
+    mouse.release();
+    mouse.press(mouse_button::Left, 2, 2, 0);
+    EXPECT_TRUE(thumbs()->isBandShown()) << "beside the pages at once";
+    thumbs()->setShown(false);
+    EXPECT_FALSE(thumbs()->isBandShown()) << "the window took the mouse away";
+    EXPECT_TRUE(thumbs()->selectedPages().empty());
 }
 
-TEST_F(Selection, ABandHoldsOntoThePagesWhileTheyScroll) {
+TEST_F(Selection, ABandBeyondTheEdgeScrolls) {
     control.thumbnailHost->area->viewHeight = 400;
     thumbs()->resized();
     const Rectangle cell = thumbs()->grid().cell(0);
-    thumbs()->bandStart(cell.left + 5, cell.top + 5, 0);
-    thumbs()->scrollTo(thumbs()->grid().scrollMaximum());
-    thumbs()->bandMove(cell.left + 10, 399);
-    EXPECT_EQ(thumbs()->selectedPages(), (Pages{1, 7, 13, 19, 25, 31, 37}));
+    ThumbMouse& mouse = thumbs()->mouse();
+    mouse.press(mouse_button::Left, cell.left + 5, cell.top + 5, 0);
+    tick(1, 30);
+    EXPECT_EQ(thumbs()->grid().scrollPosition(), 0) << "there is no band yet";
+    struct Step {
+        int32_t y;
+        int32_t scrolled;
+        Pages selected;
+    };
+    for (const Step& step :
+         {Step{400, 0, {1, 7, 13}}, Step{460, 30, {1, 7, 13}}, Step{5000, 762, {1, 7, 13, 19, 25, 31, 37}},
+          Step{-40, 742, {1, 7, 13, 19, 25}}}) {
+        mouse.move(cell.left + 10, step.y);
+        tick(1, 30);
+        EXPECT_EQ(thumbs()->grid().scrollPosition(), step.scrolled) << step.y;
+        EXPECT_EQ(thumbs()->selectedPages(), step.selected) << step.y;
+    }
+    mouse.release();
+    tick(1, 30);
+    EXPECT_EQ(thumbs()->grid().scrollPosition(), 742);
+}
+
+TEST_F(Selection, TheRightButtonSelectsForItsMenu) {
+    ThumbMouse& mouse = thumbs()->mouse();
+    const auto press = [&](int32_t page) {
+        const Rectangle cell = thumbs()->grid().cell(page - 1);
+        mouse.press(mouse_button::Right, cell.left + 9, cell.top + 9, Ctrl);
+    };
+    click(3);
+    click(5, Ctrl);
+    press(5);
+    EXPECT_EQ(thumbs()->selectedPages(), (Pages{3, 5})) << "what is selected stays";
+    press(9);
+    EXPECT_EQ(thumbs()->selectedPages(), (Pages{9}));
+    mouse.press(mouse_button::Right, 790, 990, 0);
+    mouse.move(0, 0);
+    EXPECT_EQ(thumbs()->selectedPages(), (Pages{9}));
+    EXPECT_EQ(thumbs()->menuPlace(), thumbs()->grid().cell(8)) << "asked for by a key";
+    control.thumbnailHost->area->viewHeight = 100;
+    thumbs()->resized();
+    EXPECT_EQ(thumbs()->menuPlace(), (Rectangle{0, 0, 800, 100})) << "that page is not seen";
+}
+
+TEST_F(Selection, TheWheelScrollsOrResizes) {
+    control.thumbnailHost->area->viewHeight = 400;
+    thumbs()->resized();
+    ThumbMouse& mouse = thumbs()->mouse();
+    const int32_t step = 3 * thumbs()->grid().lineStep();
+    mouse.wheel(-1, 0);
+    EXPECT_EQ(thumbs()->grid().scrollPosition(), step);
+    for (int part = 0; part < 8; ++part)
+        mouse.wheel(0.125, 0);
+    EXPECT_EQ(thumbs()->grid().scrollPosition(), 0) << "no part of a notch is lost";
+    mouse.wheel(-20, 0);
+    EXPECT_EQ(thumbs()->grid().scrollPosition(), 400) << "no row is missed";
+    mouse.wheel(0.5, Ctrl);
+    EXPECT_EQ(thumbs()->itemSizeFactor(), 100);
+    mouse.wheel(0.5, Ctrl);
+    EXPECT_EQ(thumbs()->itemSizeFactor(), 110);
+    mouse.wheel(-2, Ctrl);
+    EXPECT_EQ(thumbs()->itemSizeFactor(), 90);
 }
 
 TEST_F(Selection, Keys) {
@@ -121,9 +187,11 @@ TEST_F(Selection, EnterAndDoubleClickJump) {
     finish(9);
     EXPECT_TRUE(control.view->isPageDisplayed());
     const Rectangle cell = thumbs()->grid().cell(12);
-    thumbs()->doubleClick(cell.left + 20, cell.top + 20);
+    thumbs()->mouse().doubleClick(mouse_button::Right, cell.left + 20, cell.top + 20);
+    EXPECT_EQ(control.view->txtPage(), "Page 9 of 40");
+    thumbs()->mouse().doubleClick(mouse_button::Left, cell.left + 20, cell.top + 20);
     EXPECT_EQ(control.view->txtPage(), "Page 13 of 40");
-    thumbs()->doubleClick(790, 990);
+    thumbs()->mouse().doubleClick(mouse_button::Left, 790, 990);
     EXPECT_EQ(control.view->txtPage(), "Page 13 of 40");
 }
 
@@ -153,9 +221,11 @@ TEST(EmptySelection, NoPageNoHarm) {
     for (const int key : {0x25, 0x26, 0x27, 0x28, 0x21, 0x22, 0x23, 0x24, 0x0D, 0x20})
         EXPECT_TRUE(window->keyDown(static_cast<int16_t>(key), 0));
     window->selectAll();
-    window->bandStart(10, 10, 0);
-    window->bandMove(300, 300);
-    window->bandEnd();
+    window->mouse().press(mouse_button::Left, 10, 10, 0);
+    window->mouse().move(300, 300);
+    window->mouse().release();
+    window->mouse().wheel(-1, 0);
+    EXPECT_EQ(window->tipAt(10, 10), "");
     EXPECT_TRUE(window->selectedPages().empty());
     EXPECT_EQ(control.view->txtPage(), "Page 0 of 0");
 }

@@ -12,7 +12,7 @@ protected:
         width = static_cast<int32_t>(800 * ratio);
         const auto height = static_cast<int32_t>(1000 * ratio);
         pixels.assign(static_cast<size_t>(width) * static_cast<size_t>(height), 0);
-        const auto measure = [ratio](const std::string& text, bool) {
+        const auto measure = [ratio](const std::string& text, bool, int32_t) {
             return Size{static_cast<int32_t>(7 * ratio) * static_cast<int32_t>(text.size()),
                         static_cast<int32_t>(12 * ratio)};
         };

@@ -54,11 +54,11 @@ protected:
         return pages;
     }
 
-    /// Lets the window's timer fire so often.
-    void tick(int times = 1) const {
+    /// Lets the window's timer of that interval fire so often: by 15 it loads, by 30 a band scrolls.
+    void tick(int times = 1, int32_t interval = 15) const {
         for (; times > 0 && thumbs(); --times)
             for (scripted::Timer* timer : std::vector(control.timers->alive))
-                if (timer->interval() == 15 && timer->isRunning())
+                if (timer->interval() == interval && timer->isRunning())
                     timer->fire();
     }
     bool isLoading() const {

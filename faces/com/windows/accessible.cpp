@@ -74,7 +74,11 @@ public:
             [&](AccessibleSource& source) { return putText(name, source.accessibleName(childOf(child))); });
     }
     STDMETHODIMP get_accValue(VARIANT, BSTR* value) override { return nothing(value); }
-    STDMETHODIMP get_accDescription(VARIANT, BSTR* text) override { return nothing(text); }
+    STDMETHODIMP get_accDescription(VARIANT child, BSTR* text) override {
+        return with([&](AccessibleSource& source) {
+            return putText(text, source.accessibleDescription(childOf(child)));
+        });
+    }
     STDMETHODIMP get_accRole(VARIANT child, VARIANT* role) override {
         return with([&](AccessibleSource& source) {
             putLong(role, source.accessibleRole(childOf(child)));

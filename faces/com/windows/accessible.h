@@ -13,6 +13,7 @@ public:
     virtual ~AccessibleSource() = default;
 
     virtual std::wstring accessibleName(LONG child) const = 0;
+    virtual std::wstring accessibleDescription(LONG) const { return {}; }
     virtual LONG accessibleRole(LONG child) const = 0;  ///< ROLE_SYSTEM_...
     virtual LONG accessibleState(LONG child) const = 0; ///< STATE_SYSTEM_...
     virtual LONG accessibleCount() const { return 0; }

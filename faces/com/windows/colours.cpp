@@ -11,8 +11,8 @@ COLORREF toColorRef(Colour colour) {
 
 Palette systemPalette() {
     const auto rgb = [](int index) { return rgbOf(GetSysColor(index)); };
-    return {rgb(COLOR_WINDOW), rgb(COLOR_WINDOWTEXT), rgb(COLOR_GRAYTEXT), rgb(COLOR_HIGHLIGHT),
-            rgb(COLOR_HIGHLIGHTTEXT)};
+    return {rgb(COLOR_WINDOW),        rgb(COLOR_WINDOWTEXT), rgb(COLOR_GRAYTEXT), rgb(COLOR_HIGHLIGHT),
+            rgb(COLOR_HIGHLIGHTTEXT), rgb(COLOR_BTNFACE),    rgb(COLOR_BTNTEXT),  rgb(COLOR_BTNSHADOW)};
 }
 
 } // namespace pixmo::com

@@ -65,8 +65,8 @@ BitmapHandle makePicture(const std::vector<uint8_t>& cover, SIZE size, COLORREF 
 
 } // namespace
 
-CommandToolbar::CommandToolbar(HWND parent, const wchar_t* name, bool mirrored, Run run)
-    : parent_(parent), name_(name), mirrored_(mirrored), run_(std::move(run)) {}
+CommandToolbar::CommandToolbar(HWND parent, std::string_view name, bool mirrored, Run run)
+    : parent_(parent), name_(toWide(name)), mirrored_(mirrored), run_(std::move(run)) {}
 
 CommandToolbar::~CommandToolbar() {
     destroyWindow();
@@ -121,7 +121,7 @@ void CommandToolbar::mirror(const Toolbar& toolbar) {
 
 void CommandToolbar::makeWindow(const Toolbar& toolbar) {
     const CommonControls::Scope scope(*controls_);
-    bar_ = CreateWindowExW(mirrored_ ? WS_EX_LAYOUTRTL : 0, TOOLBARCLASSNAMEW, name_,
+    bar_ = CreateWindowExW(mirrored_ ? WS_EX_LAYOUTRTL : 0, TOOLBARCLASSNAMEW, name_.c_str(),
                            WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TBSTYLE_FLAT | TBSTYLE_CUSTOMERASE |
                                TBSTYLE_TOOLTIPS | TBSTYLE_WRAPABLE | CCS_NODIVIDER | CCS_NORESIZE |
                                CCS_NOPARENTALIGN,

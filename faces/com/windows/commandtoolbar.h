@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 #include <windows.h>
 
@@ -19,7 +20,7 @@ public:
     using Run = std::function<void(const std::string& key)>;
 
     /// The name is for assistive programs. A mirrored toolbar begins at its right end.
-    CommandToolbar(HWND parent, const wchar_t* name, bool mirrored, Run run);
+    CommandToolbar(HWND parent, std::string_view name, bool mirrored, Run run);
     ~CommandToolbar();
     CommandToolbar(const CommandToolbar&) = delete;
     CommandToolbar& operator=(const CommandToolbar&) = delete;
@@ -59,7 +60,7 @@ private:
     std::optional<LRESULT> erase(const NMTBCUSTOMDRAW& drawing) const;
 
     HWND parent_;
-    const wchar_t* name_;
+    std::wstring name_;
     bool mirrored_;
     Run run_;
     std::shared_ptr<CommonControls> controls_ = CommonControls::share();

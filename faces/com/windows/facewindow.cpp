@@ -1,5 +1,6 @@
 #include "faces/com/windows/facewindow.h"
 
+#include "core/base/partnames.h"
 #include "faces/com/windows/colours.h"
 #include "faces/com/windows/dpi.h"
 #include "faces/com/windows/fonts.h"
@@ -42,7 +43,7 @@ bool FaceWindow::takeLayout() const {
 
 bool FaceWindow::makeChildren() {
     const bool mirrored = takeLayout();
-    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Page commands", mirrored,
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), part_name::PageCommands, mirrored,
                                                 [this](const std::string& key) {
                                                     const auto control = control_;
                                                     control->tlbImage_ButtonClick(key);

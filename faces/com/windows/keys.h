@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/base/virtualkeys.h"
+
 #include <cstdint>
 #include <windows.h>
 
@@ -11,8 +13,12 @@ inline bool isDown(int virtualKey) {
 
 /// 1 Shift, 2 Ctrl, 4 Alt, summed, as they were when the message being answered was sent.
 inline int16_t shiftState() {
-    return static_cast<int16_t>((isDown(VK_SHIFT) ? 1 : 0) + (isDown(VK_CONTROL) ? 2 : 0) +
-                                (isDown(VK_MENU) ? 4 : 0));
+    return shift_key::state(isDown(VK_SHIFT), isDown(VK_CONTROL), isDown(VK_MENU));
+}
+
+/// How far the wheel has turned, of its message.
+inline double notches(WPARAM wParam) {
+    return static_cast<double>(static_cast<short>(HIWORD(wParam))) / WHEEL_DELTA;
 }
 
 /// The coordinates of a mouse message.

@@ -1,19 +1,15 @@
 #include "faces/com/windows/pageview.h"
 
+#include "core/base/partnames.h"
 #include "core/control/viewpicture.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/colours.h"
-#include "faces/com/windows/fonts.h"
-#include "faces/com/windows/scrolling.h"
 
 #include <oleacc.h>
 
 namespace pixmo::com {
 
 namespace {
-
-constexpr int NoticeMargin = 12; ///< device-independent pixels
-constexpr UINT NoticeFormat = DT_CENTER | DT_WORDBREAK | DT_NOPREFIX;
 
 LPCWSTR cursorOf(int32_t code) {
     switch (static_cast<Pointer>(code)) {
@@ -33,8 +29,9 @@ LPCWSTR cursorOf(int32_t code) {
 std::shared_ptr<PageView> PageView::create(HWND parent, const std::shared_ptr<ImageView>& control) {
     const auto page = std::make_shared<PageView>();
     page->control_ = control;
-    const Making making = {parent, WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS, 0, {}, L"Page"};
-    if (!page->make({L"Pixmo.Page", CS_DBLCLKS}, making))
+    const std::wstring name = toWide(part_name::Page);
+    const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS;
+    if (!page->make({L"Pixmo.Page", CS_DBLCLKS}, {parent, style, 0, {}, name.c_str()}))
         return nullptr;
     page->setPointer(control->lvrImage().pointer());
     control->lvrImage().Changed.connect([weak = std::weak_ptr<PageView>(page)] {
@@ -45,9 +42,8 @@ std::shared_ptr<PageView> PageView::create(HWND parent, const std::shared_ptr<Im
 }
 
 void PageView::setFont(HFONT font, int dpi) {
-    font_ = font;
-    dpi_ = dpi;
-    invalidate();
+    setDpi(dpi);
+    setFonts(font, font);
 }
 
 void PageView::refresh() {
@@ -65,13 +61,6 @@ void PageView::setPointer(int32_t code) {
         SetCursor(pointer_);
 }
 
-Size PageView::viewSize() const {
-    if (!handle())
-        return {};
-    const SIZE size = clientSize();
-    return {size.cx, size.cy};
-}
-
 void PageView::showBars() {
     const auto control = control_.lock();
     if (!control || mirroring_ || !handle())
@@ -81,109 +70,62 @@ void PageView::showBars() {
     GetWindowRect(handle(), &whole);
     const ViewGeometry::Bars bars = control->lvrImage().geometry().barsIn(
         {whole.right - whole.left, whole.bottom - whole.top},
-        {systemMetric(SM_CXVSCROLL, dpi_), systemMetric(SM_CYHSCROLL, dpi_)});
+        {systemMetric(SM_CXVSCROLL, dpi()), systemMetric(SM_CYHSCROLL, dpi())});
     ShowScrollBar(handle(), SB_VERT, bars.vertical);
     ShowScrollBar(handle(), SB_HORZ, bars.horizontal);
     control->lvrImage().resize();
-    mirrorBars();
+    const LONG_PTR style = GetWindowLongPtrW(handle(), GWL_STYLE);
+    if ((style & WS_HSCROLL) != 0)
+        mirrorBar(SB_HORZ);
+    if ((style & WS_VSCROLL) != 0)
+        mirrorBar(SB_VERT);
     mirroring_ = false;
 }
 
-void PageView::mirrorBars() {
+ScrollBar PageView::scrollBar(int which) const {
     const auto control = control_.lock();
-    const LONG_PTR style = GetWindowLongPtrW(handle(), GWL_STYLE);
-    const auto mirror = [&](int which, LONG_PTR flag, const ScrollBar& source) {
-        const SCROLLINFO info = scrollInfoOf(source);
-        if ((style & flag) != 0)
-            SetScrollInfo(handle(), which, &info, TRUE);
-    };
-    mirror(SB_HORZ, WS_HSCROLL, control->lvrImage().horizontalBar());
-    mirror(SB_VERT, WS_VSCROLL, control->lvrImage().verticalBar());
+    if (!control)
+        return {};
+    const RasterView& view = control->lvrImage();
+    return which == SB_HORZ ? view.horizontalBar() : view.verticalBar();
 }
 
-void PageView::scroll(int which, WORD request) {
+void PageView::scrollTo(int which, int32_t position) {
     const auto control = control_.lock();
     if (!control)
         return;
     RasterView& view = control->lvrImage();
-    const ScrollBar across = view.horizontalBar();
-    const ScrollBar down = view.verticalBar();
-    if (which == SB_HORZ)
-        view.scrollTo(scrolledTo(handle(), which, across, request), down.position);
-    else
-        view.scrollTo(across.position, scrolledTo(handle(), which, down, request));
+    const bool across = which == SB_HORZ;
+    view.scrollTo(across ? position : view.horizontalBar().position,
+                  across ? view.verticalBar().position : position);
 }
 
-void PageView::paint() {
-    const Painting painting(handle());
+std::vector<TextRun> PageView::paint(const PixelSurface& surface, const TextMeasure& measure) {
     const auto control = control_.lock();
-    if (!control || !buffer_.resize(viewSize()))
-        return;
-    paintView(*control, buffer_.surface(), systemPalette(), GetFocus() == handle());
-    const std::wstring notice = toWide(control->viewNotice());
-    if (!notice.empty())
-        writeNotice(notice);
-    buffer_.copyTo(painting.dc());
-}
-
-/// On a plate in the middle.
-void PageView::writeNotice(const std::wstring& notice) {
-    const HDC dc = buffer_.dc();
-    const Selected font(dc, font_ ? font_ : GetStockObject(DEFAULT_GUI_FONT));
-    const int margin = scaled(NoticeMargin, dpi_);
-    const SIZE view = clientSize();
-    RECT text = {0, 0, view.cx - 4 * margin, 0};
-    DrawTextW(dc, notice.c_str(), -1, &text, NoticeFormat | DT_CALCRECT);
-    OffsetRect(&text, (view.cx - text.right) / 2, (view.cy - text.bottom) / 2);
-    RECT plate = text;
-    InflateRect(&plate, margin, margin);
-    FillRect(dc, &plate, GetSysColorBrush(COLOR_BTNFACE));
-    FrameRect(dc, &plate, GetSysColorBrush(COLOR_BTNSHADOW));
-    SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, GetSysColor(COLOR_BTNTEXT));
-    DrawTextW(dc, notice.c_str(), -1, &text, NoticeFormat);
+    return control ? paintView(*control, surface, systemPalette(), hasFocus(), measure)
+                   : std::vector<TextRun>();
 }
 
 std::optional<LRESULT> PageView::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_ERASEBKGND:
-        return 1;
-    case WM_PAINT:
-        paint();
-        return 0;
-    case WM_SIZE:
+    if (message == WM_SIZE) {
         showBars();
         return 0;
-    case WM_HSCROLL:
-        scroll(SB_HORZ, LOWORD(wParam));
-        return 0;
-    case WM_VSCROLL:
-        scroll(SB_VERT, LOWORD(wParam));
-        return 0;
-    case WM_CONTEXTMENU:
-        showMenu(lParam);
-        return 0;
-    case WM_GETDLGCODE:
-        return DLGC_WANTARROWS | DLGC_WANTCHARS;
-    case WM_GETOBJECT:
-        return answerGetObject(handle(), std::static_pointer_cast<PageView>(shared_from_this()), wParam,
-                               lParam);
-    default:
-        break;
     }
-    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
-        return onMouse(message, wParam, lParam);
+    if (message == WM_GETDLGCODE)
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
     if (message >= WM_KEYFIRST && message <= WM_KEYLAST)
         return onKeyboard(message, wParam);
-    return onMouse(message, wParam, lParam);
+    if (const auto answer = onMouse(message, wParam, lParam))
+        return answer;
+    const auto answer = ScrolledView::onMessage(message, wParam, lParam);
+    if (message == WM_SETFOCUS && activated_)
+        activated_();
+    return answer;
 }
 
 std::wstring PageView::accessibleName(LONG) const {
     const auto control = control_.lock();
-    if (!control)
-        return {};
-    const std::string notice = control->viewNotice();
-    return toWide(notice.empty() ? control->viewDescription() : notice);
+    return control ? toWide(control->viewDescription()) : std::wstring();
 }
 
 LONG PageView::accessibleRole(LONG) const {
@@ -191,8 +133,7 @@ LONG PageView::accessibleRole(LONG) const {
 }
 
 LONG PageView::accessibleState(LONG) const {
-    return STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_READONLY |
-           (GetFocus() == handle() ? STATE_SYSTEM_FOCUSED : 0);
+    return STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_READONLY | (hasFocus() ? STATE_SYSTEM_FOCUSED : 0);
 }
 
 } // namespace pixmo::com

@@ -8,16 +8,6 @@
 // window in any of them.
 namespace pixmo::com {
 
-namespace {
-
-constexpr double NotchDelta = WHEEL_DELTA;
-
-double wheelNotches(WPARAM wParam) {
-    return static_cast<short>(HIWORD(wParam)) / NotchDelta;
-}
-
-} // namespace
-
 std::optional<LRESULT> PageView::onKeyboard(UINT message, WPARAM wParam) {
     switch (message) {
     case WM_KEYDOWN:
@@ -41,8 +31,6 @@ bool PageView::keyDown(int16_t pressed) {
     const auto control = control_.lock();
     if (!control)
         return false;
-    if (pressed == VK_ESCAPE && control->mouse().isDragging())
-        control->mouse().cancelDrag();
     int16_t keyCode = pressed;
     int16_t shift = shiftState();
     const bool handled = control->UserControl_KeyDown(keyCode, shift);
@@ -54,8 +42,7 @@ void PageView::keyPress(wchar_t character) {
     const auto control = control_.lock();
     if (!control || keyTaken_)
         return;
-    const std::string ansi = toAnsi(toUtf8(std::wstring_view(&character, 1)));
-    auto keyAscii = static_cast<int16_t>(ansi.empty() ? 0 : static_cast<unsigned char>(ansi.front()));
+    int16_t keyAscii = ansiCode(toUtf8(std::wstring_view(&character, 1)));
     control->UserControl_KeyPress(keyAscii);
 }
 
@@ -93,25 +80,19 @@ std::optional<LRESULT> PageView::onMouse(UINT message, WPARAM wParam, LPARAM lPa
         control->mouse().lvrImage_MouseMove(place.x, place.y);
         return 0;
     case WM_MOUSEWHEEL:
-        mouseWheel(0, wheelNotches(wParam), place);
+        mouseWheel(0, notches(wParam), place);
         return 0;
     case WM_MOUSEHWHEEL:
-        mouseWheel(wheelNotches(wParam), 0, place);
+        mouseWheel(notches(wParam), 0, place);
         return 0;
     case WM_CAPTURECHANGED:
-        loseMouse();
+        control->mouse().cancelDrag();
         return 0;
     case WM_SETCURSOR:
         if (LOWORD(lParam) != HTCLIENT)
             return std::nullopt;
         SetCursor(pointer_);
         return TRUE;
-    case WM_SETFOCUS:
-    case WM_KILLFOCUS:
-        invalidate();
-        if (message == WM_SETFOCUS && activated_)
-            activated_();
-        return 0;
     default:
         return std::nullopt;
     }
@@ -126,24 +107,15 @@ void PageView::press(int32_t button, POINT place) {
     control->mouse().lvrImage_MouseDown(button, place.x, place.y);
 }
 
+// Letting the mouse go ends a drag too: the control is told first.
 void PageView::release(int32_t button, POINT place) {
     const auto control = control_.lock();
     if (!control)
         return;
-    const Size view = viewSize();
-    const bool inside = place.x >= 0 && place.y >= 0 && place.x < view.width && place.y < view.height;
-    // Before the mouse is let go, which would end the drag otherwise.
-    control->mouse().lvrImage_MouseUp(place.x, place.y);
+    const auto held = shared_from_this();
+    control->mouse().release(button, place.x, place.y);
     if (GetCapture() == handle())
         ReleaseCapture();
-    if (inside && button == mouse_button::Left)
-        control->UserControl_Click();
-}
-
-void PageView::loseMouse() {
-    const auto control = control_.lock();
-    if (control && control->mouse().isDragging())
-        control->mouse().cancelDrag();
 }
 
 void PageView::mouseWheel(double notchesX, double notchesY, POINT screen) {

@@ -1,5 +1,6 @@
 #include "faces/com/windows/statusrow.h"
 
+#include "core/base/partnames.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/base/window.h"
 #include "faces/com/windows/dpi.h"
@@ -16,7 +17,6 @@ constexpr int TextMargin = 6; ///< device-independent pixels, as all here
 constexpr int RowMargin = 3;
 constexpr int ProgressWidth = 120;
 constexpr int ProgressHeight = 10;
-constexpr int TipWidth = 400;
 
 std::wstring oneLine(const std::string& utf8) {
     std::wstring text = toWide(utf8);
@@ -42,16 +42,6 @@ void move(HWND window, const Box& box, POINT origin, int margin) {
                  SWP_NOZORDER | SWP_NOACTIVATE | (sameSize ? 0U : SWP_NOCOPYBITS));
 }
 
-TTTOOLINFOW toolOf(HWND window, std::wstring& text) {
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V1_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = GetParent(window);
-    tool.uId = reinterpret_cast<UINT_PTR>(window);
-    tool.lpszText = text.data();
-    return tool;
-}
-
 } // namespace
 
 StatusRow::StatusRow(HWND parent, bool mirrored)
@@ -59,13 +49,10 @@ StatusRow::StatusRow(HWND parent, bool mirrored)
       status_(makeText(parent, (mirrored ? SS_RIGHT : SS_LEFT) | SS_NOTIFY)),
       zoom_(makeText(parent, mirrored ? SS_LEFT : SS_RIGHT)) {
     const CommonControls::Scope scope(*controls_);
-    progress_ = CreateWindowExW(mirrored ? WS_EX_LAYOUTRTL : 0, PROGRESS_CLASSW, L"Progress of the transfer",
-                                WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
-    tip_ = CreateWindowExW(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0, 0, 0, parent, nullptr,
-                           thisModule(), nullptr);
-    std::wstring none;
-    TTTOOLINFOW tool = toolOf(status_, none);
-    SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    progress_ =
+        CreateWindowExW(mirrored ? WS_EX_LAYOUTRTL : 0, PROGRESS_CLASSW, toWide(part_name::Progress).c_str(),
+                        WS_CHILD | PBS_SMOOTH, 0, 0, 0, 0, parent, nullptr, thisModule(), nullptr);
+    tip_.make(status_);
 }
 
 HWND StatusRow::makeText(HWND parent, DWORD style) const {
@@ -98,7 +85,7 @@ void StatusRow::setFont(HFONT font, int dpi) {
     dpi_ = dpi;
     for (const HWND window : {readOut_, status_, zoom_})
         SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    SendMessageW(tip_, TTM_SETMAXTIPWIDTH, 0, scaled(TipWidth, dpi));
+    tip_.setResolution(dpi);
 }
 
 void StatusRow::measure(LayoutMeasures& measures) const {
@@ -133,9 +120,7 @@ void StatusRow::showTip() {
     RECT room{};
     GetClientRect(status_, &room);
     const bool fits = textSize(font_, statusText_).cx <= room.right;
-    std::wstring text = fits ? std::wstring() : statusText_;
-    TTTOOLINFOW tool = toolOf(status_, text);
-    SendMessageW(tip_, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+    tip_.setText(fits ? std::wstring() : statusText_);
 }
 
 } // namespace pixmo::com

@@ -3,6 +3,7 @@
 #include "core/control/imageview.h"
 #include "core/control/layout.h"
 #include "faces/com/windows/commoncontrols.h"
+#include "faces/com/windows/tip.h"
 
 #include <memory>
 #include <string>
@@ -34,7 +35,7 @@ private:
     HWND status_;
     HWND zoom_;
     HWND progress_;
-    HWND tip_;
+    Tip tip_;
     HFONT font_ = nullptr;
     int dpi_ = 96;
     std::wstring readOutText_;

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "core/thumbs/dlgthumbs.h"
-#include "faces/com/base/window.h"
-#include "faces/com/windows/accessible.h"
 #include "faces/com/windows/gdi.h"
-#include "faces/com/windows/pixelbuffer.h"
+#include "faces/com/windows/scrolledview.h"
+#include "faces/com/windows/tip.h"
 
 #include <functional>
 #include <memory>
@@ -13,12 +12,12 @@
 namespace pixmo::com {
 
 /// The thumbnails of dlgThumbs: shows those that are to be seen, scrolls them, takes mouse and keyboard.
-class ThumbsView : public Window, public AccessibleSource {
+class ThumbsView : public ScrolledView {
 public:
     static std::shared_ptr<ThumbsView> create(HWND parent);
 
     /// Held only while it is called; nullptr: nothing is painted any more.
-    void setThumbs(const std::shared_ptr<dlgThumbs>& thumbs);
+    void setThumbs(const std::shared_ptr<dlgThumbs>& thumbs) { thumbs_ = thumbs; }
     /// Where a menu is asked for, on the screen.
     void setMenu(std::function<void(POINT)> menu) { menu_ = std::move(menu); }
     /// Escape.
@@ -29,9 +28,9 @@ public:
     void resizeThumbs();
     /// The system has other fonts or another resolution.
     void renew();
-    Size viewSize() const;
 
     std::wstring accessibleName(LONG child) const override;
+    std::wstring accessibleDescription(LONG child) const override;
     LONG accessibleRole(LONG child) const override;
     LONG accessibleState(LONG child) const override;
     LONG accessibleCount() const override;
@@ -44,45 +43,30 @@ public:
 
 protected:
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    std::vector<TextRun> paint(const PixelSurface& surface, const TextMeasure& measure) override;
+    ScrollBar scrollBar(int which) const override;
+    void scrollTo(int which, int32_t position) override;
+    void showMenu(LPARAM lParam) override;
 
 private:
     std::optional<LRESULT> onMouse(UINT message, WPARAM wParam, LPARAM lParam);
-    void paint();
-    void paintThumbs(dlgThumbs& thumbs);
-    void writeNotice(const std::wstring& notice) const;
+    bool keyDown(int16_t keyCode);
     void applyResolution();
-    void makeTip();
-    void showTip(POINT place);
-    void scroll(WORD request);
-    void press(POINT place);
-    void moveTo(POINT place);
+    void showTip(RealPoint place);
+    void press(int32_t button, RealPoint place);
     void release();
-    void scrollWithBand();
-    void turnWheel(int delta);
-    void showMenu(LPARAM lParam);
-    void tellAccessibility(const dlgThumbs& thumbs);
-    double ratio() const;
-    /// Device pixels of the window as the object counts.
-    POINT fromDevice(POINT place) const;
-    RECT cell(int32_t item) const;
+    void tellAccessibility(dlgThumbs& thumbs) const;
+    /// A place of the window as the object counts, and the other way round.
+    RealPoint fromDevice(POINT place) const;
+    RECT toDevice(const Rectangle& place) const;
 
     std::weak_ptr<dlgThumbs> thumbs_;
     std::function<void(POINT)> menu_;
     std::function<void()> leave_;
-    PixelBuffer buffer_;
     FontHandle font_;
     FontHandle boldFont_;
-    HWND tip_ = nullptr;
+    Tip tip_;
     std::wstring tipText_;
-    int32_t tipItem_ = -1;
-    POINT pressed_{};
-    POINT pointer_{};
-    int16_t pressedWith_ = 0;
-    bool pressing_ = false;
-    int wheel_ = 0; ///< of a notch that made no step yet
-    int dpi_ = 0;
-    int32_t toldFocus_ = -1;
-    size_t toldSelected_ = 0;
 };
 
 } // namespace pixmo::com

@@ -1,5 +1,6 @@
 #include "faces/com/windows/thumbswindow.h"
 
+#include "core/base/partnames.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/dpi.h"
 #include "faces/com/windows/lookwatcher.h"
@@ -11,10 +12,6 @@
 namespace pixmo::com {
 
 namespace {
-
-constexpr Size UsualSize = {420, 560}; ///< device-independent pixels
-constexpr Size LeastSize = {160, 160};
-constexpr int BesideOwner = 8;
 
 Rectangle unscaled(const RECT& r, int dpi) {
     const auto independent = [dpi](LONG length) { return MulDiv(length, UsualDpi, dpi); };
@@ -46,7 +43,7 @@ std::shared_ptr<ThumbsWindow> ThumbsWindow::create(HWND owner) {
     const DWORD style = WS_OVERLAPPEDWINDOW & ~static_cast<DWORD>(WS_MINIMIZEBOX);
     const DWORD exStyle = WS_EX_CONTROLPARENT;
     if (!window->make({L"Pixmo.ThumbnailWindow"},
-                      {owner, style | WS_CLIPCHILDREN, exStyle, {}, L"Thumbnails"}) ||
+                      {owner, style | WS_CLIPCHILDREN, exStyle, {}, toWide(part_name::Thumbnails).c_str()}) ||
         !window->makeChildren())
         return nullptr;
     return window;
@@ -54,7 +51,7 @@ std::shared_ptr<ThumbsWindow> ThumbsWindow::create(HWND owner) {
 
 bool ThumbsWindow::makeChildren() {
     icons_.giveTo(handle());
-    toolbar_ = std::make_unique<CommandToolbar>(handle(), L"Thumbnail commands", false,
+    toolbar_ = std::make_unique<CommandToolbar>(handle(), part_name::ThumbnailCommands, false,
                                                 [this](const std::string& key) { run(key); });
     view_ = ThumbsView::create(handle());
     if (!view_)
@@ -114,9 +111,8 @@ void ThumbsWindow::place(const dlgThumbs& thumbs) {
     const int dpi = dpiOf(handle());
     RECT beside{};
     GetWindowRect(GetWindow(handle(), GW_OWNER), &beside);
-    const FormPosition usual = {MulDiv(beside.right, UsualDpi, dpi) + BesideOwner,
-                                MulDiv(beside.top, UsualDpi, dpi), UsualSize.width, UsualSize.height};
-    const FormPosition form = thumbs.LoadFormPosition(screenAreas(), usual);
+    const FormPosition form =
+        thumbs.LoadFormPosition(screenAreas(), dlgThumbs::usualPlace(unscaled(beside, dpi)));
     SetWindowPos(handle(), nullptr, scaled(form.left, dpi), scaled(form.top, dpi), scaled(form.width, dpi),
                  scaled(form.height, dpi), SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -195,8 +191,8 @@ std::optional<LRESULT> ThumbsWindow::onMessage(UINT message, WPARAM wParam, LPAR
         return 0;
     case WM_GETMINMAXINFO: {
         const int dpi = dpiOf(handle());
-        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {scaled(LeastSize.width, dpi),
-                                                                 scaled(LeastSize.height, dpi)};
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {scaled(dlgThumbs::LeastSize.width, dpi),
+                                                                 scaled(dlgThumbs::LeastSize.height, dpi)};
         return 0;
     }
     case DpiChanged: {

@@ -1,5 +1,6 @@
 #include "faces/qt/windows/commandtoolbar.h"
 
+#include "core/base/partnames.h"
 #include "faces/qt/ports/texts.h"
 #include "faces/qt/windows/commandicon.h"
 #include "faces/qt/windows/popupmenu.h"
@@ -14,7 +15,7 @@ CommandToolbar::CommandToolbar(QWidget* parent) : QToolBar(parent) {
     setObjectName(QStringLiteral("tlbImage"));
     setMovable(false);
     setFloatable(false);
-    setAccessibleName(tr("Page commands"));
+    setAccessibleName(toQt(part_name::PageCommands));
 }
 
 void CommandToolbar::mirror(const Toolbar& toolbar) {

@@ -1,5 +1,6 @@
 #include "faces/qt/windows/debugpane.h"
 
+#include "core/base/partnames.h"
 #include "faces/qt/ports/texts.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,7 @@ DebugPane::DebugPane(QWidget* parent, QWidget* page) : QPlainTextEdit(parent), p
     setReadOnly(true);
     setLineWrapMode(QPlainTextEdit::NoWrap);
     setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    setAccessibleName(tr("Debugging trace"));
+    setAccessibleName(toQt(part_name::Trace));
     hide();
 }
 

@@ -1,5 +1,6 @@
 #include "faces/qt/windows/pageview.h"
 
+#include "core/base/partnames.h"
 #include "core/control/viewpicture.h"
 #include "faces/qt/ports/texts.h"
 #include "faces/qt/windows/colours.h"
@@ -11,40 +12,10 @@
 
 namespace pixmo::qt {
 
-namespace {
-
-constexpr int NoticeMargin = 12;
-
-Qt::CursorShape shapeOf(int32_t code) {
-    switch (static_cast<Pointer>(code)) {
-    case Pointer::Cross:
-        return Qt::CrossCursor;
-    case Pointer::ArrowHourglass:
-        return Qt::BusyCursor;
-    case Pointer::SizeAll:
-        return Qt::SizeAllCursor;
-    default:
-        return Qt::ArrowCursor;
-    }
-}
-
-void mirror(QScrollBar& bar, const ScrollBar& source) {
-    bar.setRange(0, source.maximum);
-    bar.setPageStep(source.pageStep);
-    bar.setSingleStep(source.lineStep);
-    bar.setValue(source.position);
-}
-
-} // namespace
-
-PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
+PageView::PageView(QWidget* parent) : ScrolledView(parent) {
     setObjectName(QStringLiteral("lvrImage"));
-    setFocusPolicy(Qt::StrongFocus);
-    setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName(tr("Page"));
+    setAccessibleName(toQt(part_name::Page));
 }
 
 void PageView::setControl(const std::shared_ptr<pixmo::ImageView>& control) {
@@ -56,15 +27,6 @@ void PageView::setControl(const std::shared_ptr<pixmo::ImageView>& control) {
             view->showBars();
     });
     showBars();
-}
-
-QSize PageView::deviceSize(QSize size) const {
-    const double ratio = devicePixelRatioF();
-    return {qRound(size.width() * ratio), qRound(size.height() * ratio)};
-}
-
-void PageView::setPointer(int32_t code) {
-    viewport()->setCursor(shapeOf(code));
 }
 
 void PageView::refreshNotice() {
@@ -100,9 +62,8 @@ void PageView::mirrorBars() {
     }
 }
 
-void PageView::scrollContentsBy(int, int) {
-    const auto control = control_.lock();
-    if (control && !mirroring_)
+void PageView::scrolled() {
+    if (const auto control = control_.lock())
         control->lvrImage().scrollTo(horizontalScrollBar()->value(), verticalScrollBar()->value());
 }
 
@@ -110,62 +71,18 @@ void PageView::resizeEvent(QResizeEvent*) {
     showBars();
 }
 
-void PageView::changeEvent(QEvent* event) {
-    QAbstractScrollArea::changeEvent(event);
-    viewport()->update();
-}
-
 void PageView::paintEvent(QPaintEvent*) {
-    QPainter painter(viewport());
     const auto control = control_.lock();
     if (!control) {
-        painter.fillRect(viewport()->rect(), palette().color(QPalette::Window));
+        QPainter(viewport()).fillRect(viewport()->rect(), palette().color(QPalette::Window));
         return;
     }
-    paintPicture(painter);
-    const QString notice = linesToQt(control->viewNotice());
-    if (!notice.isEmpty())
-        paintNotice(painter, notice);
-}
-
-void PageView::paintPicture(QPainter& painter) {
-    const auto control = control_.lock();
-    const double ratio = devicePixelRatioF();
     // Moved to a screen of another resolution.
-    if (std::exchange(ratio_, ratio) != ratio)
+    if (std::exchange(ratio_, devicePixelRatioF()) != devicePixelRatioF())
         control->lvrImage().resize();
-    const QSize size = deviceSize();
-    if (image_.size() != size)
-        image_ = QImage(size, QImage::Format_RGB32);
-    if (image_.isNull())
-        return;
-    const auto stride = static_cast<size_t>(image_.bytesPerLine()) / sizeof(uint32_t);
-    paintView(*control, {reinterpret_cast<uint32_t*>(image_.bits()), image_.width(), image_.height(), stride},
-              toPalette(palette()), hasFocus());
-    image_.setDevicePixelRatio(ratio);
-    painter.drawImage(QPoint(0, 0), image_);
-}
-
-void PageView::paintNotice(QPainter& painter, const QString& notice) {
-    const QMargins margins(NoticeMargin, NoticeMargin, NoticeMargin, NoticeMargin);
-    const QRect room = viewport()->rect().marginsRemoved(margins * 2);
-    const int flags = Qt::AlignCenter | Qt::TextWordWrap;
-    const QRect plate = painter.boundingRect(room, flags, notice).marginsAdded(margins);
-    painter.setPen(palette().color(QPalette::Dark));
-    painter.setBrush(palette().color(QPalette::Window));
-    painter.drawRect(plate);
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(room, flags, notice);
-}
-
-void PageView::focusInEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusInEvent(event);
-    viewport()->update();
-}
-
-void PageView::focusOutEvent(QFocusEvent* event) {
-    QAbstractScrollArea::focusOutEvent(event);
-    viewport()->update();
+    paintBy([&](const PixelSurface& surface, const TextMeasure& measure) {
+        return paintView(*control, surface, toPalette(palette()), hasFocus(), measure);
+    });
 }
 
 } // namespace pixmo::qt

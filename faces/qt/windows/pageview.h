@@ -1,15 +1,14 @@
 #pragma once
 
 #include "core/control/imageview.h"
+#include "faces/qt/windows/scrolledview.h"
 
-#include <QAbstractScrollArea>
-#include <QImage>
 #include <memory>
 
 namespace pixmo::qt {
 
-/// The page: paints what the control composes, scrolls it and takes the keyboard.
-class PageView : public QAbstractScrollArea {
+/// The page: shows what the control composes, scrolls it and takes mouse and keyboard.
+class PageView : public ScrolledView {
     Q_OBJECT
 
 public:
@@ -17,17 +16,11 @@ public:
 
     /// nullptr: the control is gone, nothing is painted any more.
     void setControl(const std::shared_ptr<pixmo::ImageView>& control);
-    /// Of the viewport, in device pixels.
-    QSize deviceSize() const { return deviceSize(viewport()->size()); }
-    void setPointer(int32_t code);
     /// The notice may have changed.
     void refreshNotice();
 
 protected:
-    void changeEvent(QEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -36,22 +29,16 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void scrollContentsBy(int dx, int dy) override;
+    void scrolled() override;
     bool viewportEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    QSize deviceSize(QSize size) const;
-    void paintPicture(QPainter& painter);
-    void paintNotice(QPainter& painter, const QString& notice);
-    QPointF devicePoint(QPointF point) const { return point * devicePixelRatioF(); }
     void showBars();
     void mirrorBars();
 
     std::weak_ptr<pixmo::ImageView> control_;
-    QImage image_;
     double ratio_ = 0;
-    bool mirroring_ = false;
 };
 
 } // namespace pixmo::qt

@@ -12,25 +12,6 @@
 // in any of them.
 namespace pixmo::qt {
 
-namespace {
-
-constexpr double NotchDelta = 120;
-
-int32_t buttonCode(Qt::MouseButton button) {
-    switch (button) {
-    case Qt::LeftButton:
-        return mouse_button::Left;
-    case Qt::RightButton:
-        return mouse_button::Right;
-    case Qt::MiddleButton:
-        return mouse_button::Middle;
-    default:
-        return 0;
-    }
-}
-
-} // namespace
-
 void PageView::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     const auto control = control_.lock();
@@ -39,16 +20,14 @@ void PageView::keyPressEvent(QKeyEvent* event) {
     const int16_t pressed = virtualKey(*event);
     int16_t keyCode = pressed;
     int16_t shift = shiftState(event->modifiers());
-    const std::string text = event->text().left(1).toStdString();
-    if (event->key() == Qt::Key_Escape && control->mouse().isDragging())
-        control->mouse().cancelDrag();
+    const std::string text = event->text().toStdString();
     // What means nothing to the control reaches the host's window too.
     if (pressed != 0)
         event->setAccepted(control->UserControl_KeyDown(keyCode, shift));
     // A host that takes the key away takes its character too.
     if (text.empty() || (pressed != 0 && keyCode == 0))
         return;
-    auto keyAscii = static_cast<int16_t>(static_cast<unsigned char>(toAnsi(text).front()));
+    int16_t keyAscii = ansiCode(text);
     control->UserControl_KeyPress(keyAscii);
 }
 
@@ -74,14 +53,9 @@ void PageView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PageView::mouseReleaseEvent(QMouseEvent* event) {
-    const auto control = control_.lock();
-    if (!control)
-        return;
     const QPointF point = devicePoint(event->position());
-    const bool clicked = event->button() == Qt::LeftButton && viewport()->rect().contains(event->pos());
-    control->mouse().lvrImage_MouseUp(point.x(), point.y());
-    if (clicked)
-        control->UserControl_Click();
+    if (const auto control = control_.lock())
+        control->mouse().release(buttonCode(event->button()), point.x(), point.y());
 }
 
 void PageView::mouseDoubleClickEvent(QMouseEvent*) {
@@ -99,9 +73,8 @@ void PageView::wheelEvent(QWheelEvent* event) {
     if (!pixels.isNull() && shift == 0)
         control->mouse().scrollPixels(-pixels.x(), -pixels.y());
     else
-        control->mouse().lvrImage_MouseWheel(-event->angleDelta().x() / NotchDelta,
-                                             event->angleDelta().y() / NotchDelta, shift, point.x(),
-                                             point.y());
+        control->mouse().lvrImage_MouseWheel(-notches(event->angleDelta().x()),
+                                             notches(event->angleDelta().y()), shift, point.x(), point.y());
     event->accept();
 }
 

@@ -1,8 +1,7 @@
 #include "faces/qt/windows/statusrow.h"
 
+#include "core/base/partnames.h"
 #include "faces/qt/ports/texts.h"
-
-#include <QCoreApplication>
 
 namespace pixmo::qt {
 
@@ -12,10 +11,6 @@ constexpr int TextMargin = 6;
 constexpr int RowMargin = 3;
 constexpr int ProgressWidth = 120;
 constexpr int ProgressHeight = 8;
-
-QString tr(const char* text) {
-    return QCoreApplication::translate("StatusRow", text);
-}
 
 QRect rect(const Box& box, QPoint origin) {
     return QRect(box.left, box.top, box.width, box.height).translated(origin);
@@ -38,7 +33,7 @@ StatusRow::StatusRow(QWidget& parent)
     readOut_->setIndent(TextMargin);
     progress_->setTextVisible(false);
     progress_->setRange(0, 100);
-    progress_->setAccessibleName(tr("Progress of the transfer"));
+    progress_->setAccessibleName(toQt(part_name::Progress));
     progress_->hide();
     zoom_->setIndent(TextMargin);
     zoom_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -59,7 +54,7 @@ bool StatusRow::mirrorZoom(const pixmo::ImageView& control) {
     if (zoom_->text() == zoom)
         return false;
     zoom_->setText(zoom);
-    zoom_->setAccessibleName(zoom.isEmpty() ? tr("Zoom") : tr("Zoom") + QLatin1Char(' ') + zoom);
+    zoom_->setAccessibleName(toQt(part_name::Zoom) + QLatin1Char(' ') + zoom);
     return true;
 }
 
@@ -91,7 +86,7 @@ void StatusRow::showStatus() {
     status_->setText(shown);
     status_->setToolTip(shown == statusText_ ? QString() : statusText_);
     // All of a text that is cut on the screen.
-    status_->setAccessibleName(statusText_.isEmpty() ? tr("Status") : statusText_);
+    status_->setAccessibleName(statusText_.isEmpty() ? toQt(part_name::Status) : statusText_);
 }
 
 } // namespace pixmo::qt

@@ -1,9 +1,8 @@
 #include "faces/qt/windows/thumbnailhost.h"
 
-#include "faces/qt/widget/imageview.h"
-#include "faces/qt/windows/thumbssurface.h"
 #include "faces/qt/windows/thumbsview.h"
 #include "faces/qt/windows/thumbswindow.h"
+#include "faces/qt/windows/viewsurface.h"
 
 #include <utility>
 
@@ -17,12 +16,12 @@ ThumbnailHost::~ThumbnailHost() {
 
 ThumbsWindow& ThumbnailHost::window() {
     if (!window_)
-        window_ = new ThumbsWindow(link_->widget);
+        window_ = new ThumbsWindow(link_->owner);
     return *window_;
 }
 
 std::shared_ptr<pixmo::ViewSurface> ThumbnailHost::surface() {
-    return std::make_shared<ThumbsSurface>(window().view().viewport());
+    return std::make_shared<ViewSurface>(&window().view());
 }
 
 void ThumbnailHost::show(const std::shared_ptr<dlgThumbs>& thumbs) {

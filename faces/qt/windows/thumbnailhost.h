@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/platform/thumbnailhost.h"
-#include "faces/qt/widget/facelink.h"
+#include "faces/qt/ports/facelink.h"
 
 #include <QPointer>
 

@@ -1,5 +1,6 @@
 #include "faces/qt/windows/thumbswindow.h"
 
+#include "core/base/partnames.h"
 #include "faces/qt/ports/texts.h"
 #include "faces/qt/windows/commandtoolbar.h"
 #include "faces/qt/windows/popupmenu.h"
@@ -15,9 +16,6 @@
 namespace pixmo::qt {
 
 namespace {
-
-constexpr QSize UsualSize(420, 560);
-constexpr QSize LeastSize(160, 160);
 
 /// The usable areas, the one that the user starts with first.
 std::vector<Rectangle> screenAreas() {
@@ -35,13 +33,13 @@ std::vector<Rectangle> screenAreas() {
 ThumbsWindow::ThumbsWindow(QWidget* parent)
     : QWidget(parent, Qt::Tool), toolbar_(new CommandToolbar(this)), view_(new ThumbsView(this)) {
     setAttribute(Qt::WA_QuitOnClose, false);
-    setMinimumSize(LeastSize);
+    setMinimumSize(dlgThumbs::LeastSize.width, dlgThumbs::LeastSize.height);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(toolbar_);
     layout->addWidget(view_, 1);
-    toolbar_->setAccessibleName(tr("Thumbnail commands"));
+    toolbar_->setAccessibleName(toQt(part_name::ThumbnailCommands));
     setFocusProxy(view_);
     connect(toolbar_, &CommandToolbar::commandGiven, this, [this](const QString& key) { run(key); });
     toolbar_->setMenu([this] { return menu(&dlgThumbs::toolbarMenu); },
@@ -94,14 +92,11 @@ void ThumbsWindow::end() {
 
 /// Beside the viewer at first.
 void ThumbsWindow::place(const dlgThumbs& thumbs) {
-    QPoint corner(60, 60);
-    if (parentWidget())
-        corner = parentWidget()->window()->frameGeometry().topRight() + QPoint(8, 0);
-    const FormPosition usual = {corner.x(), corner.y(), UsualSize.width(), UsualSize.height()};
-    const FormPosition form = thumbs.LoadFormPosition(screenAreas(), usual);
+    const QRect beside = parentWidget() ? parentWidget()->window()->frameGeometry() : QRect();
+    const FormPosition form = thumbs.LoadFormPosition(
+        screenAreas(), dlgThumbs::usualPlace({beside.x(), beside.y(), beside.width(), beside.height()}));
     resize(form.width, form.height);
     move(form.left, form.top);
-    placed_ = true;
 }
 
 void ThumbsWindow::savePlace() {

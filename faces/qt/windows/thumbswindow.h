@@ -38,7 +38,6 @@ private:
     std::weak_ptr<dlgThumbs> thumbs_;
     CommandToolbar* toolbar_;
     ThumbsView* view_;
-    bool placed_ = false;
 };
 
 } // namespace pixmo::qt

@@ -1,5 +1,7 @@
 #include "faces/qt/windows/virtualkeys.h"
 
+#include "core/base/virtualkeys.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -68,9 +70,21 @@ int16_t virtualKey(const QKeyEvent& event) {
 }
 
 int16_t shiftState(Qt::KeyboardModifiers modifiers) {
-    return static_cast<int16_t>((modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) +
-                                (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) +
-                                (modifiers.testFlag(Qt::AltModifier) ? 4 : 0));
+    return shift_key::state(modifiers.testFlag(Qt::ShiftModifier), modifiers.testFlag(Qt::ControlModifier),
+                            modifiers.testFlag(Qt::AltModifier));
+}
+
+int32_t buttonCode(Qt::MouseButton button) {
+    switch (button) {
+    case Qt::LeftButton:
+        return mouse_button::Left;
+    case Qt::RightButton:
+        return mouse_button::Right;
+    case Qt::MiddleButton:
+        return mouse_button::Middle;
+    default:
+        return 0;
+    }
 }
 
 } // namespace pixmo::qt

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QKeyEvent>
+#include <QWheelEvent>
 #include <cstdint>
 
 namespace pixmo::qt {
@@ -10,5 +11,13 @@ int16_t virtualKey(const QKeyEvent& event);
 
 /// 1 Shift, 2 Ctrl, 4 Alt, summed.
 int16_t shiftState(Qt::KeyboardModifiers modifiers);
+
+/// One of mouse_button, 0 for others.
+int32_t buttonCode(Qt::MouseButton button);
+
+/// Of a wheel that has turned so far.
+inline double notches(int angleDelta) {
+    return angleDelta / double{QWheelEvent::DefaultDeltasPerStep};
+}
 
 } // namespace pixmo::qt

@@ -1,6 +1,6 @@
-#include "faces/qt/windows/thumbsaccessible.h"
+#include "faces/qt/windows/accessible.h"
 
-#include "faces/qt/windows/thumbaccessible.h"
+#include "faces/qt/ports/texts.h"
 #include "faces/qt/windows/thumbsview.h"
 
 namespace pixmo::qt {
@@ -13,6 +13,62 @@ QAccessibleInterface* make(const QString&, QObject* object) {
 }
 
 } // namespace
+
+bool ThumbAccessible::isValid() const {
+    const auto thumbs = view_ ? view_->thumbs() : nullptr;
+    return thumbs && item_ < thumbs->grid().itemCount();
+}
+
+QAccessibleInterface* ThumbAccessible::parent() const {
+    return view_ ? QAccessible::queryAccessibleInterface(view_) : nullptr;
+}
+
+QString ThumbAccessible::text(QAccessible::Text kind) const {
+    if (!isValid())
+        return {};
+    if (kind == QAccessible::Name)
+        return toQt(dlgThumbs::name(page()));
+    return kind == QAccessible::Description ? linesToQt(view_->thumbs()->description(page())) : QString();
+}
+
+QRect ThumbAccessible::rect() const {
+    if (!isValid())
+        return {};
+    const QRect cell = toQt(view_->thumbs()->grid().cell(item_));
+    return {view_->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
+}
+
+QAccessible::State ThumbAccessible::state() const {
+    QAccessible::State state;
+    if (!isValid()) {
+        state.invalid = true;
+        return state;
+    }
+    const dlgThumbs::Facts facts = view_->thumbs()->facts(page());
+    state.selectable = true;
+    state.multiSelectable = true;
+    state.focusable = true;
+    state.selected = facts.selected;
+    state.focused = view_->hasFocus() && facts.focus;
+    state.busy = facts.loading;
+    state.offscreen = !facts.seen;
+    state.invisible = !view_->isVisible();
+    return state;
+}
+
+void* ThumbAccessible::interface_cast(QAccessible::InterfaceType type) {
+    return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
+}
+
+void ThumbAccessible::doAction(const QString& name) {
+    if (!isValid())
+        return;
+    const auto thumbs = view_->thumbs();
+    if (name == toggleAction())
+        thumbs->setSelected(page(), !thumbs->selection().isSelected(item_));
+    else if (name == pressAction())
+        thumbs->ItemSelected.raise(page());
+}
 
 ThumbsAccessible::ThumbsAccessible(ThumbsView* view) : QAccessibleWidget(view, QAccessible::List) {}
 
@@ -59,7 +115,7 @@ QAccessibleInterface* ThumbsAccessible::childAt(int x, int y) const {
     const QPoint place = view()->viewport()->mapFromGlobal(QPoint(x, y));
     if (!thumbs || !view()->viewport()->rect().contains(place))
         return nullptr;
-    return child(thumbs->grid().itemAt(place.x(), place.y()));
+    return child(thumbs->pageAt(place.x(), place.y()) - 1);
 }
 
 QAccessibleInterface* ThumbsAccessible::focusChild() const {
