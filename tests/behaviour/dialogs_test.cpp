@@ -18,7 +18,7 @@ TEST_F(DialogTest, GoToPageTakesDigitsOnly) {
     openGoto();
     EXPECT_EQ(face->dialogText("txtPageNumber"), "3");
     EXPECT_EQ(face->selectedText("txtPageNumber"), "3") << "whole and ready to be typed over";
-    EXPECT_EQ(face->focus(), "txtPageNumber");
+    expectFocus("txtPageNumber");
     face->type("1");
     face->type("2a-. x3");
     EXPECT_EQ(face->dialogText("txtPageNumber"), "123");

@@ -188,9 +188,11 @@ public:
     virtual void choose(const std::string& text) = 0;
 
     // Message boxes and dialogs; only the topmost is seen. "" and none when there is none.
-    virtual std::optional<ShownBox> messageBox() = 0;
-    /// By its text without mnemonic: "OK", "Cancel", "Abort", "Retry", "Ignore".
-    virtual void answer(const std::string& button) = 0;
+    /// Answers the message box by the first of the buttons that it has, by their texts without mnemonics:
+    /// "OK", "Cancel", "Abort", "Retry", "Ignore". What the box showed, as soon as it is gone; none, and
+    /// nothing is done, while no box stands. It is looked at and answered in one look: the next one may show
+    /// the same.
+    virtual std::optional<ShownBox> answer(const std::vector<std::string>& buttons) = 0;
     /// "dlgGotoPage", "dlgAbout" (image information too), "dlgLog", "dlgPrint", "dlgThumbs".
     virtual std::string dialog() = 0;
     virtual std::string dialogTitle() = 0;

@@ -35,10 +35,8 @@ void FaceTest::SetUp() {
 }
 
 void FaceTest::TearDown() {
-    if (const auto box = face->messageBox()) {
+    while (const auto box = face->answer({"Abort", "Cancel", "OK"}))
         ADD_FAILURE() << "an unexpected message box:\n" << box->text;
-        face->answer(box->buttons.empty() ? "OK" : box->buttons.back());
-    }
     EXPECT_EQ(face->dialog(), "") << "left open";
     EXPECT_FALSE(face->menu()) << "a menu is left open";
     face->setFaults("");
@@ -54,8 +52,8 @@ void FaceTest::createControl() {
     face->set("FetchDelay", 1);
     face->set("ResizeDelay", 1);
     face->set("LogFileName", logFile_.string());
-    ASSERT_TRUE(waitFor([this] { return face->focus() == "lvrImage" && face->isIdle(); }))
-        << "the focus is at '" << face->focus() << "'";
+    expectFocus("lvrImage");
+    ASSERT_TRUE(waitUntilIdle());
     face->takeEvents();
 }
 
@@ -113,10 +111,18 @@ std::vector<std::string> FaceTest::events(const std::vector<std::string>& names)
 }
 
 void FaceTest::expectBox(const std::string& text, const std::string& button) {
-    ASSERT_TRUE(waitFor([this] { return face->messageBox().has_value(); })) << "no message box: " << text;
-    EXPECT_THAT(face->messageBox()->text, testing::HasSubstr(text));
-    face->answer(button);
-    ASSERT_TRUE(waitFor([this] { return !face->messageBox(); }));
+    EXPECT_THAT(answerBox(button).text, testing::HasSubstr(text));
+}
+
+ShownBox FaceTest::answerBox(const std::string& button) {
+    std::optional<ShownBox> box;
+    EXPECT_TRUE(waitFor([&] { return (box = face->answer({button})).has_value(); })) << "no message box";
+    return box.value_or(ShownBox());
+}
+
+void FaceTest::expectFocus(const std::string& name) {
+    EXPECT_TRUE(waitFor([&] { return face->focus() == name; }))
+        << "the focus is not at '" << name << "' but at '" << face->focus() << "'";
 }
 
 void FaceTest::expectDialog(const std::string& name) {

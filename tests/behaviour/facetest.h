@@ -45,8 +45,11 @@ protected:
     /// The events since the last call whose line begins with one of the names.
     std::vector<std::string> events(const std::vector<std::string>& names);
 
-    /// Waits for a message box; its text holds this.
+    /// Waits for a message box and answers it; its text holds this.
     void expectBox(const std::string& text, const std::string& button);
+    ShownBox answerBox(const std::string& button);
+    /// The system may hand the keyboard over a little later than it hands a click.
+    void expectFocus(const std::string& name);
     /// Waits for the window of that name.
     void expectDialog(const std::string& name);
     void expectNoDialog();

@@ -1,7 +1,5 @@
 #include "tests/behaviour/facetest.h"
 
-#include <algorithm>
-
 namespace pixmo::behaviour {
 namespace {
 
@@ -27,16 +25,9 @@ protected:
     std::string answerBoxes() {
         std::string texts;
         EXPECT_TRUE(waitFor([&] {
-            const auto box = face->messageBox();
-            if (!box)
-                return face->isIdle();
-            texts += box->text + '\n';
-            for (const char* ending : {"Abort", "Cancel", "OK"})
-                if (std::find(box->buttons.begin(), box->buttons.end(), ending) != box->buttons.end()) {
-                    face->answer(ending);
-                    break;
-                }
-            return false;
+            const auto box = face->answer({"Abort", "Cancel", "OK"});
+            texts += box ? box->text + '\n' : "";
+            return !box && face->isIdle();
         }));
         return texts;
     }
@@ -151,9 +142,7 @@ TEST_F(FaultBoxes, OfferWhatCanBeDone) {
     announcesErrors = true;
     face->setFaults("http500:IC@2");
     face->load(sample::Deed, 1);
-    ASSERT_TRUE(waitFor([this] { return face->messageBox().has_value(); }));
-    EXPECT_THAT(face->messageBox()->buttons, testing::UnorderedElementsAre("Retry", "Cancel"));
-    face->answer("Retry");
+    EXPECT_THAT(answerBox("Retry").buttons, testing::UnorderedElementsAre("Retry", "Cancel"));
     expectBox(NoContact, "Retry");
     EXPECT_TRUE(waitForPage(1)) << "the third attempt succeeds";
 }

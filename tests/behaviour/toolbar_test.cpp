@@ -137,7 +137,7 @@ TEST_F(ToolbarTest, ButtonsTurnPages) {
     face->clickButton("PAGEPREV");
     EXPECT_TRUE(waitForPage(2));
     EXPECT_EQ(face->readOut(), "Page 2 of 12");
-    EXPECT_EQ(face->focus(), "lvrImage") << "a button does not keep the keyboard";
+    expectFocus("lvrImage"); // a button does not keep the keyboard
 }
 
 TEST_F(ToolbarTest, OneOfTheGroupIsPressed) {

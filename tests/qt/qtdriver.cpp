@@ -242,6 +242,8 @@ std::optional<std::string> QtDriver::debugPane() {
 }
 
 Picture QtDriver::picture() {
+    // The screen has told what it uncovered.
+    input_.settle();
     return onUi([this] {
         // What waits to be painted is painted, nothing else: a repaint that was forgotten shows.
         QCoreApplication::sendPostedEvents(host_.get(), QEvent::UpdateRequest);

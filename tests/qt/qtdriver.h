@@ -62,8 +62,7 @@ public:
     std::optional<std::vector<behaviour::ShownEntry>> menu() override;
     void choose(const std::string& text) override;
 
-    std::optional<behaviour::ShownBox> messageBox() override;
-    void answer(const std::string& button) override;
+    std::optional<behaviour::ShownBox> answer(const std::vector<std::string>& buttons) override;
     std::string dialog() override;
     std::string dialogTitle() override;
     std::string dialogText(const std::string& field) override;
@@ -83,7 +82,11 @@ private:
     QPoint onPage(int32_t x, int32_t y) const;
     /// Starts what may go on for long, or open a modal window.
     void start(const std::function<void()>& call);
-    void clickAt(std::optional<QPoint> place, behaviour::Mouse button = behaviour::Mouse::Left);
+    /// On the thread of the windows: where to click, as soon as there is something.
+    using Find = std::function<std::optional<QPoint>()>;
+    bool pointAt(const Find& find);
+    void clickAt(const Find& find, behaviour::Mouse button = behaviour::Mouse::Left);
+    void moveOnPage(int32_t x, int32_t y);
 
     const EngineProcess& engine_;
     std::unique_ptr<HostWindow> host_;

@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
 #include <QStyleHints>
 #include <QToolBar>
 #include <gtest/gtest.h>
@@ -17,6 +19,17 @@
 namespace pixmo::qt {
 
 using namespace behaviour;
+
+namespace {
+
+QAbstractButton* firstButtonOf(const QWidget& window, const std::vector<std::string>& texts) {
+    for (const std::string& text : texts)
+        if (QAbstractButton* const button = buttonOf(window, text))
+            return button;
+    return nullptr;
+}
+
+} // namespace
 
 QAbstractScrollArea& QtDriver::page() const {
     return *view().findChild<QAbstractScrollArea*>(QStringLiteral("lvrImage"));
@@ -29,15 +42,31 @@ std::optional<QPoint> QtDriver::placeOf(const QWidget* widget) {
 }
 
 QPoint QtDriver::onPage(int32_t x, int32_t y) const {
-    return onUi([&] { return page().viewport()->mapToGlobal(QPoint(x, y)); });
+    return page().viewport()->mapToGlobal(QPoint(x, y));
 }
 
-void QtDriver::clickAt(std::optional<QPoint> place, Mouse button) {
-    if (!place) {
+void QtDriver::moveOnPage(int32_t x, int32_t y) {
+    input_.moveTo(onUi([&] { return onPage(x, y); }));
+}
+
+bool QtDriver::pointAt(const Find& find) {
+    std::optional<QPoint> pointedAt;
+    // A window that has just opened may still be moved: what is under the pointer must stay there.
+    return waitUntil([&] {
+        const std::optional<QPoint> place = onUi(find);
+        const bool stays = place && place == pointedAt;
+        if (place && !stays)
+            input_.moveTo(*place);
+        pointedAt = place;
+        return stays;
+    });
+}
+
+void QtDriver::clickAt(const Find& find, Mouse button) {
+    if (!pointAt(find)) {
         ADD_FAILURE() << "there is nothing to click";
         return;
     }
-    input_.moveTo(*place);
     input_.button(button, true);
     input_.button(button, false);
 }
@@ -51,23 +80,24 @@ void QtDriver::type(const std::string& text) {
 }
 
 void QtDriver::click(int32_t x, int32_t y, Mouse button) {
-    clickAt(onPage(x, y), button);
+    clickAt([&] { return std::optional(onPage(x, y)); }, button);
 }
 
 void QtDriver::doubleClick(int32_t x, int32_t y) {
     constexpr int patient = 2000;
     onUi([] { QGuiApplication::styleHints()->setMouseDoubleClickInterval(patient); });
-    clickAt(onPage(x, y));
-    clickAt(onPage(x, y));
+    const Find place = [&] { return std::optional(onPage(x, y)); };
+    clickAt(place);
+    clickAt(place);
     onUi([] { QGuiApplication::styleHints()->setMouseDoubleClickInterval(0); });
 }
 
 void QtDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
     constexpr int steps = 4;
-    input_.moveTo(onPage(fromX, fromY));
+    moveOnPage(fromX, fromY);
     input_.button(button, true);
     for (int step = 1; step <= steps; ++step)
-        input_.moveTo(onPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps));
+        moveOnPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps);
 }
 
 void QtDriver::release(Mouse button) {
@@ -75,39 +105,40 @@ void QtDriver::release(Mouse button) {
 }
 
 void QtDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
-    input_.moveTo(onPage(x, y));
+    moveOnPage(x, y);
     input_.wheel(notches, modifiers);
 }
 
 void QtDriver::clickButton(const std::string& key) {
-    clickAt(onUi([&]() -> std::optional<QPoint> {
+    clickAt([&]() -> std::optional<QPoint> {
         const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
         for (QAction* action : bar.actions())
             if (action->objectName().toStdString() == key)
                 return placeOf(bar.widgetForAction(action));
         return std::nullopt;
-    }));
+    });
 }
 
 void QtDriver::clickReadOut() {
-    clickAt(onUi([this] { return placeOf(view().findChild<QLabel*>(QStringLiteral("txtPage"))); }));
+    clickAt([this] { return placeOf(view().findChild<QLabel*>(QStringLiteral("txtPage"))); });
 }
 
 void QtDriver::clickHostField(const std::string& name) {
-    clickAt(onUi([&] { return placeOf(host_->field(QString::fromStdString(name))); }));
+    clickAt([&] { return placeOf(host_->field(QString::fromStdString(name))); });
 }
 
 void QtDriver::openToolbarMenu() {
     // Behind the last button.
-    clickAt(onUi([this] {
-                const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
-                return std::optional(bar.mapToGlobal(QPoint(bar.width() - 4, bar.height() / 2)));
-            }),
-            Mouse::Right);
+    clickAt(
+        [this] {
+            const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
+            return std::optional(bar.mapToGlobal(QPoint(bar.width() - 4, bar.height() / 2)));
+        },
+        Mouse::Right);
 }
 
 void QtDriver::openPageMenu() {
-    clickAt(onUi([this] { return placeOf(page().viewport()); }), Mouse::Right);
+    clickAt([this] { return placeOf(page().viewport()); }, Mouse::Right);
 }
 
 std::optional<std::vector<ShownEntry>> QtDriver::menu() {
@@ -118,7 +149,7 @@ std::optional<std::vector<ShownEntry>> QtDriver::menu() {
 }
 
 void QtDriver::choose(const std::string& text) {
-    clickAt(onUi([&]() -> std::optional<QPoint> {
+    clickAt([&]() -> std::optional<QPoint> {
         const QMenu* const menu = standingMenu();
         if (!menu)
             return std::nullopt;
@@ -126,21 +157,21 @@ void QtDriver::choose(const std::string& text) {
             if (action->text().section(QLatin1Char('\t'), 0, 0).toStdString() == text)
                 return menu->mapToGlobal(menu->actionGeometry(action).center());
         return std::nullopt;
-    }));
-}
-
-std::optional<ShownBox> QtDriver::messageBox() {
-    return onUi([]() -> std::optional<ShownBox> {
-        const QMessageBox* const box = standingBox();
-        return box ? std::optional(look(*box)) : std::nullopt;
     });
 }
 
-void QtDriver::answer(const std::string& button) {
-    clickAt(onUi([&] {
-        const QMessageBox* const box = standingBox();
-        return box ? placeOf(buttonOf(*box, button)) : std::nullopt;
-    }));
+std::optional<ShownBox> QtDriver::answer(const std::vector<std::string>& buttons) {
+    QPointer<QMessageBox> box;
+    const auto shown = onUi([&]() -> std::optional<ShownBox> {
+        box = standingBox();
+        return box ? std::optional(look(*box)) : std::nullopt;
+    });
+    if (!shown)
+        return std::nullopt;
+    clickAt([&] { return box ? placeOf(firstButtonOf(*box, buttons)) : std::nullopt; });
+    const bool isGone = waitUntil([&] { return onUi([&] { return !box || !box->isVisible(); }); });
+    EXPECT_TRUE(isGone) << "the message box stays:\n" << shown->text;
+    return shown;
 }
 
 std::string QtDriver::dialog() {
@@ -193,10 +224,10 @@ void QtDriver::pressDialogButton(const std::string& button) {
         onUi([] {});
         return;
     }
-    clickAt(onUi([&] {
+    clickAt([&] {
         const QWidget* const window = standingDialog();
         return window ? placeOf(buttonOf(*window, button)) : std::nullopt;
-    }));
+    });
 }
 
 } // namespace pixmo::qt

@@ -28,16 +28,6 @@ namespace {
 
 constexpr auto Patience = std::chrono::seconds(15);
 
-bool waitUntil(const std::function<bool()>& condition) {
-    const auto end = std::chrono::steady_clock::now() + Patience;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-    return true;
-}
-
 struct SymbolRow {
     int keyCode;
     KeySym symbol;
@@ -72,6 +62,16 @@ unsigned int buttonNumber(behaviour::Mouse button) {
 }
 
 } // namespace
+
+bool waitUntil(const std::function<bool()>& condition) {
+    const auto end = std::chrono::steady_clock::now() + Patience;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
+}
 
 /// Sees what the X server hands to the program: its events of the mouse, and an event of our own behind those
 /// of the user: when it comes, they have been handled.

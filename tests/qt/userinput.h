@@ -3,11 +3,15 @@
 #include "tests/behaviour/facedriver.h"
 
 #include <QPoint>
+#include <functional>
 #include <memory>
 
 struct _XDisplay;
 
 namespace pixmo::qt {
+
+/// Asks until it holds; false when it does not within long patience.
+bool waitUntil(const std::function<bool()>& condition);
 
 /// Keyboard and mouse of the screen, by the X server's own input events. Used from the thread of the tests;
 /// each call returns when the windows have been handed its events.
@@ -25,6 +29,8 @@ public:
     void moveTo(QPoint place);
     void button(behaviour::Mouse button, bool down);
     void wheel(int notches, int modifiers);
+    /// All events so far have been handled, or a modal window that they opened is.
+    void settle();
 
 private:
     class Arrivals;
@@ -32,8 +38,6 @@ private:
     void key(unsigned long symbol, bool down);
     void hold(int modifiers, bool down);
     void tap(unsigned long symbol);
-    /// All events so far have been handled, or a modal window that they opened is.
-    void settle();
     bool keyboardIsHere() const;
 
     _XDisplay* display_;

@@ -67,8 +67,7 @@ public:
     std::optional<std::vector<behaviour::ShownEntry>> menu() override;
     void choose(const std::string& text) override;
 
-    std::optional<behaviour::ShownBox> messageBox() override;
-    void answer(const std::string& button) override;
+    std::optional<behaviour::ShownBox> answer(const std::vector<std::string>& buttons) override;
     std::string dialog() override;
     std::string dialogTitle() override;
     std::string dialogText(const std::string& field) override;
@@ -83,6 +82,7 @@ public:
 private:
     // On the thread of the windows.
     HWND part(const wchar_t* className) const;
+    POINT onPage(int32_t x, int32_t y) const;
     HWND page() const { return part(L"Pixmo.Page"); }
     HWND toolbarWindow() const { return part(L"ToolbarWindow32"); }
     /// The read-out, the status text, the zoom.
@@ -92,8 +92,11 @@ private:
     /// Starts what may go on for long, or open a modal window.
     void start(const std::function<void()>& call);
     std::string statusField(size_t index);
-    POINT onPage(int32_t x, int32_t y) const;
-    void clickAt(std::optional<POINT> place, behaviour::Mouse button = behaviour::Mouse::Left);
+    /// On the thread of the windows: where to click, as soon as there is something.
+    using Find = std::function<std::optional<POINT>()>;
+    bool pointAt(const Find& find);
+    void clickAt(const Find& find, behaviour::Mouse button = behaviour::Mouse::Left);
+    void moveOnPage(int32_t x, int32_t y);
     void waitForKeyboard() const;
     void waitForNewWindow() const;
 

@@ -19,6 +19,13 @@ WORD keyOf(Mouse button) {
     return button == Mouse::Left ? VK_LBUTTON : button == Mouse::Middle ? VK_MBUTTON : VK_RBUTTON;
 }
 
+HWND firstButtonOf(HWND window, const std::vector<std::string>& texts) {
+    for (const std::string& text : texts)
+        if (const HWND button = buttonOf(window, text))
+            return button;
+    return nullptr;
+}
+
 /// The middle of a window; none while it is not to be seen.
 std::optional<POINT> placeOf(HWND window) {
     return window && IsWindowVisible(window) ? std::optional(user::middleOf(window)) : std::nullopt;
@@ -31,11 +38,9 @@ POINT middleOf(const RECT& place) {
 } // namespace
 
 POINT ComDriver::onPage(int32_t x, int32_t y) const {
-    return ui_.on([&] {
-        POINT place = {x, y};
-        ClientToScreen(page(), &place);
-        return place;
-    });
+    POINT place = {x, y};
+    ClientToScreen(page(), &place);
+    return place;
 }
 
 void ComDriver::waitForKeyboard() const {
@@ -78,13 +83,31 @@ void ComDriver::type(const std::string& text) {
     }
 }
 
-void ComDriver::clickAt(std::optional<POINT> place, Mouse button) {
-    if (!place) {
+void ComDriver::moveOnPage(int32_t x, int32_t y) {
+    user::moveTo(ui_.on([&] { return onPage(x, y); }));
+    ui_.settle();
+}
+
+bool ComDriver::pointAt(const Find& find) {
+    std::optional<POINT> pointedAt;
+    // A window that has just opened may still be moved: what is under the pointer must stay there.
+    return user::sees([&] {
+        const std::optional<POINT> place = ui_.on(find);
+        const bool stays = place && pointedAt && place->x == pointedAt->x && place->y == pointedAt->y;
+        if (place && !stays) {
+            user::moveTo(*place);
+            ui_.settle();
+        }
+        pointedAt = place;
+        return stays;
+    });
+}
+
+void ComDriver::clickAt(const Find& find, Mouse button) {
+    if (!pointAt(find)) {
         ADD_FAILURE() << "there is nothing to click";
         return;
     }
-    user::moveTo(*place);
-    ui_.settle();
     user::buttonDown(keyOf(button));
     ui_.settle();
     user::buttonUp(keyOf(button));
@@ -92,26 +115,24 @@ void ComDriver::clickAt(std::optional<POINT> place, Mouse button) {
 }
 
 void ComDriver::click(int32_t x, int32_t y, Mouse button) {
-    clickAt(onPage(x, y), button);
+    clickAt([&] { return std::optional(onPage(x, y)); }, button);
 }
 
 void ComDriver::doubleClick(int32_t x, int32_t y) {
     SetDoubleClickTime(PatientDoubleClick);
-    clickAt(onPage(x, y));
-    clickAt(onPage(x, y));
+    const Find place = [&] { return std::optional(onPage(x, y)); };
+    clickAt(place);
+    clickAt(place);
     SetDoubleClickTime(1);
 }
 
 void ComDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
     constexpr int steps = 4;
-    user::moveTo(onPage(fromX, fromY));
-    ui_.settle();
+    moveOnPage(fromX, fromY);
     user::buttonDown(keyOf(button));
     ui_.settle();
-    for (int step = 1; step <= steps; ++step) {
-        user::moveTo(onPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps));
-        ui_.settle();
-    }
+    for (int step = 1; step <= steps; ++step)
+        moveOnPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps);
 }
 
 void ComDriver::release(Mouse button) {
@@ -120,14 +141,13 @@ void ComDriver::release(Mouse button) {
 }
 
 void ComDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
-    user::moveTo(onPage(x, y));
-    ui_.settle();
+    moveOnPage(x, y);
     user::wheel(notches, modifiers);
     ui_.settle();
 }
 
 void ComDriver::clickButton(const std::string& key) {
-    clickAt(ui_.on([&]() -> std::optional<POINT> {
+    clickAt([&]() -> std::optional<POINT> {
         const auto& buttons = form_->control()->tlbImage().Buttons;
         for (size_t i = 0; i < buttons.size(); ++i) {
             RECT place{};
@@ -138,29 +158,30 @@ void ComDriver::clickButton(const std::string& key) {
             return middleOf(place);
         }
         return std::nullopt;
-    }));
+    });
 }
 
 void ComDriver::clickReadOut() {
-    clickAt(ui_.on([this] { return placeOf(statusFields().at(0)); }));
+    clickAt([this] { return placeOf(statusFields().at(0)); });
 }
 
 void ComDriver::clickHostField(const std::string& name) {
-    clickAt(ui_.on([&] { return placeOf(form_->field(name)); }));
+    clickAt([&] { return placeOf(form_->field(name)); });
 }
 
 void ComDriver::openToolbarMenu() {
     // Behind the last button.
-    clickAt(ui_.on([this] {
-        RECT place{};
-        GetWindowRect(toolbarWindow(), &place);
-        return std::optional(POINT{place.right - 4, (place.top + place.bottom) / 2});
-    }),
-            Mouse::Right);
+    clickAt(
+        [this] {
+            RECT place{};
+            GetWindowRect(toolbarWindow(), &place);
+            return std::optional(POINT{place.right - 4, (place.top + place.bottom) / 2});
+        },
+        Mouse::Right);
 }
 
 void ComDriver::openPageMenu() {
-    clickAt(ui_.on([this] { return placeOf(page()); }), Mouse::Right);
+    clickAt([this] { return placeOf(page()); }, Mouse::Right);
 }
 
 std::optional<std::vector<ShownEntry>> ComDriver::menu() {
@@ -171,7 +192,7 @@ std::optional<std::vector<ShownEntry>> ComDriver::menu() {
 }
 
 void ComDriver::choose(const std::string& text) {
-    clickAt(ui_.on([&]() -> std::optional<POINT> {
+    clickAt([&]() -> std::optional<POINT> {
         const HMENU menu = standingMenu();
         if (!menu)
             return std::nullopt;
@@ -182,22 +203,21 @@ void ComDriver::choose(const std::string& text) {
                 return middleOf(place);
         }
         return std::nullopt;
-    }));
-}
-
-std::optional<ShownBox> ComDriver::messageBox() {
-    return ui_.on([]() -> std::optional<ShownBox> {
-        const HWND box = standingBox();
-        return box ? std::optional(lookAtBox(box)) : std::nullopt;
     });
 }
 
-void ComDriver::answer(const std::string& button) {
+std::optional<ShownBox> ComDriver::answer(const std::vector<std::string>& buttons) {
+    HWND box = nullptr;
+    const auto shown = ui_.on([&]() -> std::optional<ShownBox> {
+        box = standingBox();
+        return box ? std::optional(lookAtBox(box)) : std::nullopt;
+    });
+    if (!shown)
+        return std::nullopt;
     waitForNewWindow();
-    clickAt(ui_.on([&] {
-        const HWND box = standingBox();
-        return placeOf(box ? buttonOf(box, button) : nullptr);
-    }));
+    clickAt([&] { return placeOf(firstButtonOf(box, buttons)); });
+    EXPECT_TRUE(user::sees([&] { return !IsWindow(box); })) << "the message box stays:\n" << shown->text;
+    return shown;
 }
 
 std::string ComDriver::dialog() {
@@ -246,10 +266,10 @@ void ComDriver::pressDialogButton(const std::string& button) {
         return;
     }
     waitForNewWindow();
-    clickAt(ui_.on([&] {
+    clickAt([&] {
         const HWND window = standingDialog();
         return placeOf(window ? buttonOf(window, button) : nullptr);
-    }));
+    });
 }
 
 } // namespace pixmo::com::test
