@@ -9,6 +9,7 @@
 #include <atomic>
 #include <chrono>
 #include <gtest/gtest.h>
+#include <span>
 #include <stdexcept>
 #include <thread>
 #include <xcb/xcb.h>
@@ -16,6 +17,8 @@
 // The names of X are macros that others use too.
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
+#include <X11/extensions/XI2proto.h>
+#include <X11/extensions/XInput2.h>
 #include <X11/extensions/XTest.h>
 #include <X11/keysym.h>
 #undef None
@@ -81,6 +84,7 @@ public:
         int firstEvent = 0;
         int firstError = 0;
         XQueryExtension(display, "XInputExtension", &inputExtension_, &firstEvent, &firstError);
+        pointer_ = masterPointer(display);
         onUi([this] { qApp->installNativeEventFilter(this); });
     }
     ~Arrivals() override {
@@ -117,15 +121,28 @@ public:
     int buttons() const { return buttons_; }
 
 private:
+    static int masterPointer(Display* display) {
+        int count = 0;
+        const std::unique_ptr<XIDeviceInfo, decltype(&XIFreeDeviceInfo)> devices(
+            XIQueryDevice(display, XIAllMasterDevices, &count), XIFreeDeviceInfo);
+        for (const XIDeviceInfo& device : std::span(devices.get(), static_cast<size_t>(count)))
+            if (device.use == XIMasterPointer)
+                return device.deviceid;
+        throw std::runtime_error("The screen has no pointer.");
+    }
+
+    /// Each comes twice: from the device itself, and from the pointer of the screen that the device moves,
+    /// which is the one that windows are told of.
     void noteButton(const xcb_ge_generic_event_t& event) {
-        constexpr int press = 4;
-        constexpr int release = 5;
-        if (event.extension == inputExtension_ && (event.event_type == press || event.event_type == release))
+        const int device = reinterpret_cast<const xXIDeviceEvent&>(event).deviceid;
+        if (event.extension == inputExtension_ && device == pointer_ &&
+            (event.event_type == XI_ButtonPress || event.event_type == XI_ButtonRelease))
             ++buttons_;
     }
 
     const Atom type_;
     int inputExtension_ = 0;
+    int pointer_ = 0;
     std::atomic<int> sentinels_ = 0;
     std::atomic<int> buttons_ = 0;
 };
