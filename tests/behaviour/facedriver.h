@@ -210,6 +210,9 @@ public:
     virtual std::string engineAddress() = 0;
     /// One fault a line, "" for none: "stall:GP". See the engine's option --fault.
     virtual void setFaults(const std::string& faults) = 0;
+    /// Whether the network beneath always tells when a connection is reset. Wine's monikers do not: then the
+    /// transfer ends when it has been silent for too long.
+    virtual bool hearsResets() = 0;
     /// Requests of a kind ("IC", "PC", "GP") so far.
     virtual int requests(const std::string& kind) = 0;
 };

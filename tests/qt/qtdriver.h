@@ -72,6 +72,7 @@ public:
 
     std::string engineAddress() override;
     void setFaults(const std::string& faults) override;
+    bool hearsResets() override { return true; }
     int requests(const std::string& kind) override;
 
 private:

@@ -208,7 +208,9 @@ NetworkProblem Transfer::problemOf(HRESULT result, DWORD detail) const {
         return NetworkProblem::None;
     if (SUCCEEDED(result) && status_ == 0)
         return download_.bytesRead() == 0 ? NetworkProblem::Closed : NetworkProblem::Malformed;
-    return networkProblem(result, detail);
+    const NetworkProblem problem = networkProblem(result, detail);
+    const bool hasAnswered = download_.bytesRead() > 0;
+    return hasAnswered && problem == NetworkProblem::NoAnswer ? NetworkProblem::Closed : problem;
 }
 
 STDMETHODIMP Transfer::OnStopBinding(HRESULT result, LPCWSTR) {

@@ -77,6 +77,7 @@ public:
 
     std::string engineAddress() override { return address_; }
     void setFaults(const std::string& faults) override { engine_.setFaults(faults); }
+    bool hearsResets() override { return false; }
     int requests(const std::string& kind) override { return engine_.requests(kind); }
 
 private:
