@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -34,6 +35,8 @@ inline constexpr int Shift = 1;
 inline constexpr int Ctrl = 2;
 inline constexpr int Alt = 4;
 } // namespace with
+
+enum class Window : uint8_t { Control, Thumbnails };
 
 enum class Mouse : uint8_t { Left, Middle, Right };
 
@@ -66,6 +69,18 @@ struct ShownBox {
     std::string text;                 ///< lines end in LF
     std::string icon;                 ///< "", "exclamation", "critical", "information", "question"
     std::vector<std::string> buttons; ///< those that answer, without mnemonics
+};
+
+/// A page in the window of the thumbnails as assistive programs are told of it; device pixels of the view.
+struct ShownThumb {
+    std::string name;
+    std::string description; ///< lines end in LF
+    bool selected = false;
+    bool focused = false;
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t width = 0;
+    int32_t height = 0;
 };
 
 /// One direction, device pixels of the picture.
@@ -125,7 +140,8 @@ public:
     virtual void load(int32_t docID, int16_t page) = 0;
     /// "Clear", "clearCache" or "Refresh".
     virtual void call(const std::string& method) = 0;
-    /// Of the control, device-independent pixels.
+    /// Of the control, device-independent pixels; of the thumbnails as if by their window's upper left
+    /// corner.
     virtual void resize(int32_t width, int32_t height) = 0;
     virtual void answerEvents(const HostAnswers& answers) = 0;
     /// A command that a host's own menu gives, by its key: "ZOOMIN".
@@ -136,6 +152,10 @@ public:
     /// "PrintJobBegin 2 1001". Keys that reach the host's window because the control has no use for them:
     /// "HostKey 65 0".
     virtual std::vector<std::string> takeEvents() = 0;
+
+    /// Which open window all about toolbar, view, size and their menus means from now on: the control at
+    /// first.
+    virtual void turnTo(Window window) = 0;
 
     // What the user sees.
     virtual std::vector<ShownButton> toolbar() = 0;
@@ -158,11 +178,14 @@ public:
     virtual std::optional<std::string> debugPane() = 0;
     /// The view without scroll bars, from the screen, once all that was to be painted has been.
     virtual Picture picture() = 0;
+    virtual std::vector<ShownThumb> thumbs() = 0;
     /// "lvrImage", "txtDebug", "before" or "behind" (the host's fields), the name of a field of a dialog
     /// ("txtPageNumber"), else "".
     virtual std::string focus() = 0;
 
     // What the user does.
+    /// These keys stay pressed until the next call.
+    virtual void hold(int modifiers) = 0;
     virtual void press(int keyCode, int modifiers = with::Nothing) = 0;
     /// ASCII.
     virtual void type(const std::string& text) = 0;
@@ -196,6 +219,8 @@ public:
     /// "dlgGotoPage", "dlgAbout" (image information too), "dlgLog", "dlgPrint", "dlgThumbs".
     virtual std::string dialog() = 0;
     virtual std::string dialogTitle() = 0;
+    /// Its upper left corner on the screen.
+    virtual std::pair<int32_t, int32_t> dialogPlace() = 0;
     /// Of "lblPageNumber", "txtPageNumber", "lblVersion", "lblDescription", "lblInformation", "txtLog";
     /// lines end in LF.
     virtual std::string dialogText(const std::string& field) = 0;

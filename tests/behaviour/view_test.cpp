@@ -254,6 +254,20 @@ TEST_F(ViewTest, ClicksAreTheHostsToo) {
     EXPECT_THAT(events({"Click", "DblClick"}), testing::Contains("DblClick").Times(1));
 }
 
+TEST_F(ViewTest, AFrameTellsWhereTheKeyboardIs) {
+    open(1);
+    face->command("FITBEST");
+    const Picture focused = face->picture();
+    EXPECT_EQ(focused.at(0, 0), focused.at(focused.width - 1, focused.height - 1));
+    EXPECT_NE(focused.at(0, 0), focused.at(2, 2));
+    face->clickHostField("behind");
+    const Picture other = face->picture();
+    EXPECT_EQ(other.at(0, 0), other.at(2, 2));
+    face->clickHostField("before");
+    face->press(key::Tab);
+    EXPECT_EQ(face->picture(), focused);
+}
+
 TEST_F(ViewTest, EveryPageKeepsItsPlace) {
     open(1);
     zoomTo(6);

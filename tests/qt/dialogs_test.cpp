@@ -3,7 +3,7 @@
 #include "faces/qt/windows/aboutdialog.h"
 #include "faces/qt/windows/logdialog.h"
 #include "faces/qt/windows/savepagedialog.h"
-#include "tests/qt/thumbsfixture.h"
+#include "tests/qt/viewfixture.h"
 
 #include <QClipboard>
 #include <QLabel>

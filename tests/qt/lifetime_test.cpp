@@ -1,7 +1,13 @@
+#include "faces/qt/windows/thumbsview.h"
+#include "faces/qt/windows/thumbswindow.h"
 #include "tests/qt/viewfixture.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QPointer>
+#include <QTest>
+#include <QToolTip>
 
 namespace pixmo::qt {
 namespace {
@@ -92,6 +98,23 @@ TEST_F(Lifetime, EndsInTheSlotOfATimer) {
     EXPECT_TRUE(view);
     EXPECT_TRUE(waitFor([&] { return !view; }));
     expectCleanEnd();
+}
+
+TEST_F(Lifetime, EndsInsideAnEventOfTheThumbnails) {
+    view->setThumbsAvailable(true);
+    view->LoadDocumentByDocID(sample::ManyPages, 1);
+    ASSERT_TRUE(waitForPage(1));
+    view->action(QStringLiteral("THUMBS"))->trigger();
+    const QPointer<ThumbsWindow> thumbs = view->findChild<ThumbsWindow*>();
+    ASSERT_TRUE(thumbs);
+    ThumbsView& list = thumbs->view();
+    QHelpEvent help(QEvent::ToolTip, {60, 60}, list.viewport()->mapToGlobal(QPoint(60, 60)));
+    QApplication::sendEvent(list.viewport(), &help);
+    EXPECT_EQ(QToolTip::text(), QStringLiteral("Page 1"));
+    QObject::connect(view.get(), &ImageView::PageChanged, view.get(), [this] { view.reset(); });
+    QTest::keyClick(&list, Qt::Key_End);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_TRUE(waitFor([&] { return !view && !thumbs; }));
 }
 
 TEST_F(Lifetime, EndsWhileAMessageBoxStands) {

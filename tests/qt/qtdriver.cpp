@@ -1,5 +1,6 @@
 #include "tests/qt/qtdriver.h"
 
+#include "faces/qt/windows/thumbswindow.h"
 #include "tests/qt/uithread.h"
 
 #include <QAbstractScrollArea>
@@ -155,7 +156,12 @@ void QtDriver::call(const std::string& method) {
 }
 
 void QtDriver::resize(int32_t width, int32_t height) {
-    onUi([&] { host_->resizeView({width, height}); });
+    onUi([&] {
+        if (thumbs_)
+            thumbs_->move(60, 70), thumbs_->resize(width, height);
+        else
+            host_->resizeView({width, height});
+    });
 }
 
 void QtDriver::answerEvents(const HostAnswers& answers) {
@@ -176,7 +182,7 @@ std::vector<std::string> QtDriver::takeEvents() {
 
 std::vector<ShownButton> QtDriver::toolbar() {
     return onUi([this] {
-        const QToolBar& bar = *view().findChild<QToolBar*>();
+        const QToolBar& bar = this->bar();
         std::vector<ShownButton> shown;
         for (QAction* action : bar.actions())
             shown.push_back(look(bar, *action));
@@ -246,12 +252,13 @@ Picture QtDriver::picture() {
     input_.settle();
     return onUi([this] {
         // What waits to be painted is painted, nothing else: a repaint that was forgotten shows.
-        QCoreApplication::sendPostedEvents(host_.get(), QEvent::UpdateRequest);
+        QWidget* const window = page().window();
+        QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
         const QWidget& seen = *page().viewport();
-        const QPoint corner = seen.mapTo(host_.get(), QPoint());
+        const QPoint corner = seen.mapTo(window, QPoint());
         const QImage image =
             host_->screen()
-                ->grabWindow(host_->winId(), corner.x(), corner.y(), seen.width(), seen.height())
+                ->grabWindow(window->winId(), corner.x(), corner.y(), seen.width(), seen.height())
                 .toImage();
         Picture picture{image.width(), image.height(), {}};
         for (int y = 0; y < image.height(); ++y)

@@ -6,9 +6,12 @@
 #include "tests/qt/userinput.h"
 
 class QAbstractScrollArea;
+class QToolBar;
 class QScrollBar;
 
 namespace pixmo::qt {
+
+class ThumbsWindow;
 
 /// The Qt face for the behaviour suite.
 class QtDriver : public behaviour::FaceDriver {
@@ -32,6 +35,8 @@ public:
     void setStallTimeout(int milliseconds) override;
     std::vector<std::string> takeEvents() override;
 
+    void turnTo(behaviour::Window window) override;
+
     std::vector<behaviour::ShownButton> toolbar() override;
     std::string readOut() override;
     std::string status() override;
@@ -44,8 +49,10 @@ public:
     int pageFiles() override;
     std::optional<std::string> debugPane() override;
     behaviour::Picture picture() override;
+    std::vector<behaviour::ShownThumb> thumbs() override;
     std::string focus() override;
 
+    void hold(int modifiers) override;
     void press(int keyCode, int modifiers) override;
     void type(const std::string& text) override;
     void click(int32_t x, int32_t y, behaviour::Mouse button) override;
@@ -65,6 +72,7 @@ public:
     std::optional<behaviour::ShownBox> answer(const std::vector<std::string>& buttons) override;
     std::string dialog() override;
     std::string dialogTitle() override;
+    std::pair<int32_t, int32_t> dialogPlace() override;
     std::string dialogText(const std::string& field) override;
     std::string selectedText(const std::string& field) override;
     void setDialogText(const std::string& field, const std::string& text) override;
@@ -77,7 +85,9 @@ public:
 
 private:
     ImageView& view() const { return host_->view(); }
+    /// Of the window that was turned to.
     QAbstractScrollArea& page() const;
+    QToolBar& bar() const;
     /// On the screen; of a widget its middle. Fails the test when there is nothing.
     static std::optional<QPoint> placeOf(const QWidget* widget);
     QPoint onPage(int32_t x, int32_t y) const;
@@ -92,7 +102,9 @@ private:
     const EngineProcess& engine_;
     std::unique_ptr<HostWindow> host_;
     UserInput input_;
-    int underWay_ = 0; ///< calls that were started and have not returned
+    ThumbsWindow* thumbs_ = nullptr; ///< while it was turned to
+    int held_ = 0;                   ///< keys that stay pressed
+    int underWay_ = 0;               ///< calls that were started and have not returned
 };
 
 } // namespace pixmo::qt

@@ -31,10 +31,6 @@ QAbstractButton* firstButtonOf(const QWidget& window, const std::vector<std::str
 
 } // namespace
 
-QAbstractScrollArea& QtDriver::page() const {
-    return *view().findChild<QAbstractScrollArea*>(QStringLiteral("lvrImage"));
-}
-
 std::optional<QPoint> QtDriver::placeOf(const QWidget* widget) {
     if (!widget || !widget->isVisible())
         return std::nullopt;
@@ -111,7 +107,7 @@ void QtDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
 
 void QtDriver::clickButton(const std::string& key) {
     clickAt([&]() -> std::optional<QPoint> {
-        const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
+        const QToolBar& bar = this->bar();
         for (QAction* action : bar.actions())
             if (action->objectName().toStdString() == key)
                 return placeOf(bar.widgetForAction(action));
@@ -131,7 +127,7 @@ void QtDriver::openToolbarMenu() {
     // Behind the last button.
     clickAt(
         [this] {
-            const QToolBar& bar = *view().findChild<QToolBar*>(QStringLiteral("tlbImage"));
+            const QToolBar& bar = this->bar();
             return std::optional(bar.mapToGlobal(QPoint(bar.width() - 4, bar.height() / 2)));
         },
         Mouse::Right);

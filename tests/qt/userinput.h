@@ -29,6 +29,7 @@ public:
     void moveTo(QPoint place);
     void button(behaviour::Mouse button, bool down);
     void wheel(int notches, int modifiers);
+    void hold(int modifiers, bool down);
     /// All events so far have been handled, or a modal window that they opened is.
     void settle();
 
@@ -36,7 +37,6 @@ private:
     class Arrivals;
 
     void key(unsigned long symbol, bool down);
-    void hold(int modifiers, bool down);
     void tap(unsigned long symbol);
     bool keyboardIsHere() const;
 

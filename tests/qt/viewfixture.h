@@ -5,12 +5,21 @@
 #include "tests/qt/engineprocess.h"
 #include "tests/qt/waiting.h"
 
+#include <QDir>
 #include <QFile>
+#include <QPixmap>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 
 namespace pixmo::qt {
+
+/// Keeps a picture of a window when PIXMO_TEST_PICTURES names a folder, for a human to look at.
+inline void keepPicture(QWidget& window, const QString& name) {
+    const QString folder = qEnvironmentVariable("PIXMO_TEST_PICTURES");
+    if (!folder.isEmpty())
+        window.grab().save(QDir(folder).filePath(name + QLatin1String(".png")));
+}
 
 /// The documents of the samples that tests ask for.
 namespace sample {

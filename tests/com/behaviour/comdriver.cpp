@@ -134,7 +134,12 @@ void ComDriver::call(const std::string& method) {
 }
 
 void ComDriver::resize(int32_t width, int32_t height) {
-    ui_.on([&] { form_->resizeControl({width, height}); });
+    ui_.on([&] {
+        if (thumbs_)
+            SetWindowPos(thumbs_, nullptr, 60, 70, width, height, SWP_NOZORDER);
+        else
+            form_->resizeControl({width, height});
+    });
 }
 
 void ComDriver::answerEvents(const HostAnswers& answers) {
@@ -154,7 +159,7 @@ std::vector<std::string> ComDriver::takeEvents() {
 }
 
 HWND ComDriver::part(const wchar_t* className) const {
-    return FindWindowExW(form_->face().window(), nullptr, className, nullptr);
+    return FindWindowExW(thumbs_ ? thumbs_ : form_->face().window(), nullptr, className, nullptr);
 }
 
 std::vector<HWND> ComDriver::statusFields() const {
@@ -174,9 +179,9 @@ ShownButton ComDriver::lookAtButton(size_t index) const {
     TBBUTTON button{};
     SendMessageW(bar, TB_GETBUTTON, index, reinterpret_cast<LPARAM>(&button));
     ShownButton shown;
-    shown.key = form_->control()->tlbImage().Buttons.at(index).Key;
+    shown.key = buttons().Buttons.at(index).Key;
     shown.separator = (button.fsStyle & BTNS_SEP) != 0;
-    shown.visible = (button.fsState & TBSTATE_HIDDEN) == 0;
+    shown.visible = (button.fsState & TBSTATE_HIDDEN) == 0 && IsWindowVisible(bar);
     if (shown.separator)
         return shown;
     shown.group = (button.fsStyle & BTNS_CHECKGROUP) == BTNS_CHECKGROUP;
@@ -291,7 +296,7 @@ std::optional<std::string> ComDriver::debugPane() {
 Picture ComDriver::picture() {
     return ui_.on([this] {
         // What waits to be painted is painted, nothing else: a repaint that was forgotten shows.
-        RedrawWindow(form_->handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        RedrawWindow(GetAncestor(page(), GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         RECT client{};
         GetClientRect(page(), &client);
         PixelBuffer buffer;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/base/toolbar.h"
 #include "tests/behaviour/facedriver.h"
 #include "tests/com/behaviour/enginecontrol.h"
 #include "tests/com/behaviour/formwindow.h"
@@ -37,6 +38,8 @@ public:
     void setStallTimeout(int milliseconds) override;
     std::vector<std::string> takeEvents() override;
 
+    void turnTo(behaviour::Window window) override;
+
     std::vector<behaviour::ShownButton> toolbar() override;
     std::string readOut() override { return statusField(0); }
     std::string status() override { return statusField(1); }
@@ -49,8 +52,10 @@ public:
     int pageFiles() override;
     std::optional<std::string> debugPane() override;
     behaviour::Picture picture() override;
+    std::vector<behaviour::ShownThumb> thumbs() override;
     std::string focus() override;
 
+    void hold(int modifiers) override;
     void press(int keyCode, int modifiers) override;
     void type(const std::string& text) override;
     void click(int32_t x, int32_t y, behaviour::Mouse button) override;
@@ -70,6 +75,7 @@ public:
     std::optional<behaviour::ShownBox> answer(const std::vector<std::string>& buttons) override;
     std::string dialog() override;
     std::string dialogTitle() override;
+    std::pair<int32_t, int32_t> dialogPlace() override;
     std::string dialogText(const std::string& field) override;
     std::string selectedText(const std::string& field) override;
     void setDialogText(const std::string& field, const std::string& text) override;
@@ -84,7 +90,9 @@ private:
     // On the thread of the windows.
     HWND part(const wchar_t* className) const;
     POINT onPage(int32_t x, int32_t y) const;
-    HWND page() const { return part(L"Pixmo.Page"); }
+    /// Of the window that was turned to.
+    HWND page() const { return part(thumbs_ ? L"Pixmo.Thumbnails" : L"Pixmo.Page"); }
+    Toolbar buttons() const;
     HWND toolbarWindow() const { return part(L"ToolbarWindow32"); }
     /// The read-out, the status text, the zoom.
     std::vector<HWND> statusFields() const;
@@ -107,7 +115,9 @@ private:
     std::shared_ptr<FormWindow> form_;
     /// Of a property: the host has it as the error of its own call, not as the control's last one.
     std::optional<behaviour::LastError> refusal_;
-    int underWay_ = 0; ///< calls that were started and have not returned
+    HWND thumbs_ = nullptr; ///< while it was turned to
+    int held_ = 0;          ///< keys that stay pressed
+    int underWay_ = 0;      ///< calls that were started and have not returned
 };
 
 } // namespace pixmo::com::test

@@ -148,7 +148,7 @@ void ComDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
 
 void ComDriver::clickButton(const std::string& key) {
     clickAt([&]() -> std::optional<POINT> {
-        const auto& buttons = form_->control()->tlbImage().Buttons;
+        const auto buttons = this->buttons().Buttons;
         for (size_t i = 0; i < buttons.size(); ++i) {
             RECT place{};
             if (buttons[i].Key != key ||

@@ -76,19 +76,6 @@ TEST_F(FaceBars, TheStatusRowReadsOut) {
     EXPECT_EQ(fields().at(1), "");
 }
 
-TEST_F(FaceBars, AForbiddenCommandHasNoButton) {
-    control->commands().setForbidden("PAGEGOTO", true);
-    control->Refresh();
-    EXPECT_NE(buttonState("PAGEGOTO") & TBSTATE_HIDDEN, 0);
-}
-
-TEST_F(FaceBars, ADesignedFormHasNoMenus) {
-    load();
-    host->inUserMode = false;
-    SendMessageW(page(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(page()), -1);
-    EXPECT_FALSE(user::findWindow(L"#32768"));
-}
-
 TEST_F(FaceBars, TheHostsLookIsTaken) {
     load();
     control->setProperty("BackColor", Colour{0x00204060});

@@ -48,12 +48,6 @@ ButtonFlags flagsOf(WORD button) {
     return {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP};
 }
 
-void sendShift(int shiftState, bool down) {
-    for (size_t i = 0; i < ShiftKeys.size(); ++i)
-        if ((shiftState >> i & 1) != 0)
-            sendKey(ShiftKeys.at(i), down);
-}
-
 } // namespace
 
 bool sees(const std::function<bool()>& condition) {
@@ -70,11 +64,17 @@ void forgetSettings() {
     SHDeleteKeyW(HKEY_CURRENT_USER, key.c_str());
 }
 
+void hold(int shiftState, bool down) {
+    for (size_t i = 0; i < ShiftKeys.size(); ++i)
+        if ((shiftState >> i & 1) != 0)
+            sendKey(ShiftKeys.at(i), down);
+}
+
 void press(WORD virtualKey, int shiftState) {
-    sendShift(shiftState, true);
+    hold(shiftState, true);
     sendKey(virtualKey, true);
     sendKey(virtualKey, false);
-    sendShift(shiftState, false);
+    hold(shiftState, false);
 }
 
 void type(const std::wstring& text) {
@@ -110,9 +110,9 @@ void buttonUp(WORD button) {
 }
 
 void wheel(int notches, int shiftState) {
-    sendShift(shiftState, true);
+    hold(shiftState, true);
     sendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
-    sendShift(shiftState, false);
+    hold(shiftState, false);
 }
 
 HWND findWindow(const wchar_t* className, const wchar_t* title) {

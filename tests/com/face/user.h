@@ -18,6 +18,8 @@ bool sees(const std::function<bool()>& condition);
 /// The settings are those of a new user.
 void forgetSettings();
 
+/// Shift, Ctrl and Alt, summed as in messages.
+void hold(int shiftState, bool down);
 void press(WORD virtualKey, int shiftState = 0);
 void type(const std::wstring& text);
 void moveTo(POINT screen);

@@ -1,9 +1,6 @@
-#include "core/imaging/viewcomposer.h"
 #include "tests/com/face/facetest.h"
 
-#include <algorithm>
 #include <cfloat>
-#include <cmath>
 #include <oleacc.h>
 
 namespace pixmo::com {
@@ -13,18 +10,6 @@ static_assert(FLT_EVAL_METHOD == 0, "the pixels of a page are those of every oth
 
 class FaceView : public FaceTest {
 protected:
-    /// The pixels that the core composes for such a view, without the frame of the focus.
-    std::vector<uint32_t> composed(SIZE size) const {
-        RasterView& view = control->lvrImage();
-        std::vector<uint32_t> expected(static_cast<size_t>(size.cx) * static_cast<size_t>(size.cy));
-        ViewComposer().compose({expected.data(), size.cx, size.cy, static_cast<size_t>(size.cx)},
-                               &view.raster(), view.geometry().destination(),
-                               {view.GrayScale() ? BilevelLook::ScaleToGray : BilevelLook::TwoColours,
-                                0xFF000000 | view.background()});
-        for (uint32_t& pixel : expected)
-            pixel &= 0xFFFFFFU;
-        return expected;
-    }
     SCROLLINFO bar(int which) const {
         SCROLLINFO info{};
         info.cbSize = sizeof info;
@@ -34,36 +19,6 @@ protected:
     }
     bool hasBar(LONG_PTR style) const { return (GetWindowLongPtrW(page(), GWL_STYLE) & style) != 0; }
 };
-
-TEST_F(FaceView, ShowsWhatTheCoreComposes) {
-    load();
-    SetFocus(host->handle());
-    SetFocus(nullptr);
-    for (const char* command : {"FITWIDTH", "ZOOMIN", "ROTR", "FITBEST"}) {
-        SCOPED_TRACE(command);
-        control->runCommand(command);
-        settle();
-        SIZE size{};
-        const auto shown = pixels(page(), size);
-        EXPECT_EQ(Size({size.cx, size.cy}), control->lvrImage().geometry().viewport());
-        EXPECT_TRUE(shown == composed(size));
-        EXPECT_GT(std::ranges::count(shown, 0U), 0) << "a page has ink";
-    }
-}
-
-TEST_F(FaceView, AFrameTellsWhereTheKeyboardIs) {
-    load();
-    SIZE size{};
-    const uint32_t highlight =
-        0xFFFFFF & (GetRValue(GetSysColor(COLOR_HIGHLIGHT)) << 16 |
-                    GetGValue(GetSysColor(COLOR_HIGHLIGHT)) << 8 | GetBValue(GetSysColor(COLOR_HIGHLIGHT)));
-    host->face().takeFocus();
-    EXPECT_EQ(GetFocus(), page());
-    EXPECT_EQ(pixels(page(), size).front(), highlight);
-    EXPECT_EQ(pixels(page(), size).back(), highlight);
-    SetFocus(nullptr);
-    EXPECT_TRUE(pixels(page(), size) == composed(size));
-}
 
 TEST_F(FaceView, ScrollBarsAreTheCores) {
     load();
@@ -105,51 +60,7 @@ TEST_F(FaceView, ScrollBarsAreTheCores) {
     }
 }
 
-TEST_F(FaceView, TheWheelScrollsAndZoomsAboutThePointer) {
-    load();
-    const RasterView& view = control->lvrImage();
-    control->lvrImage().setZoom(120);
-    control->lvrImage().scrollTo(20, 100);
-    act([&] {
-        user::moveTo(onScreen(200, 150));
-        user::wheel(-1);
-    });
-    const ScrollBar down = view.verticalBar();
-    EXPECT_GT(down.position, 100);
-    act([] { user::wheel(-1, 1); });
-    EXPECT_GT(view.horizontalBar().position, 20);
-    EXPECT_EQ(view.verticalBar().position, down.position);
-    const RealPoint under = view.geometry().toPicture({200, 150});
-    act([] { user::wheel(1, 2); });
-    EXPECT_GT(view.zoom(), 120);
-    const RealPoint after = view.geometry().toView(under);
-    EXPECT_NEAR(after.x, 200, 1);
-    EXPECT_NEAR(after.y, 150, 1);
-}
-
-TEST_F(FaceView, KeysOfADesignedFormAreNone) {
-    load(3);
-    host->inUserMode = false;
-    act([] { user::press(VK_NEXT); });
-    EXPECT_EQ(currentPage(), 3);
-}
-
-TEST_F(FaceView, TellsWhatIsNotThere) {
-    control->LoadDocumentByDocID(sample::ManyPages, 99);
-    settle();
-    ASSERT_FALSE(control->isPageDisplayed());
-    ASSERT_EQ(boxes.size(), 1U);
-    boxes.clear();
-    SIZE size{};
-    const auto shown = pixels(page(), size);
-    const auto at = [&](LONG x, LONG y) { return shown[static_cast<size_t>(y * size.cx + x)]; };
-    EXPECT_EQ(at(5, 5), control->lvrImage().background() & 0xFFFFFFU);
-    const COLORREF plate = GetSysColor(COLOR_BTNFACE);
-    const uint32_t face = GetRValue(plate) << 16 | GetGValue(plate) << 8 | GetBValue(plate);
-    EXPECT_GT(std::ranges::count(shown, face), 1000) << "a plate with the text";
-}
-
-TEST_F(FaceView, SpeaksToAssistivePrograms) {
+TEST_F(FaceView, IsNoMoreOnceItsWindowHasEnded) {
     load(2);
     IAccessible* accessible = nullptr;
     ASSERT_EQ(AccessibleObjectFromWindow(page(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
@@ -159,14 +70,12 @@ TEST_F(FaceView, SpeaksToAssistivePrograms) {
     self.vt = VT_I4;
     BSTR name = nullptr;
     EXPECT_EQ(accessible->get_accName(self, &name), S_OK);
-    const std::string zoom = std::to_string(std::lround(control->lvrImage().zoom()));
-    EXPECT_EQ(std::wstring(name), L"Page 2 of 12, " + std::wstring(zoom.begin(), zoom.end()) + L" %");
     SysFreeString(name);
     VARIANT role{};
     EXPECT_EQ(accessible->get_accRole(self, &role), S_OK);
     EXPECT_EQ(role.lVal, ROLE_SYSTEM_GRAPHIC);
     host->face().destroyWindow();
-    EXPECT_NE(accessible->get_accName(self, &name), S_OK) << "the window has ended";
+    EXPECT_NE(accessible->get_accName(self, &name), S_OK);
     accessible->Release();
 }
 
