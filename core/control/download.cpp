@@ -16,6 +16,7 @@ namespace {
 
 constexpr int32_t FirstGoodStatus = 200;
 constexpr int32_t FirstOtherStatus = 300;
+constexpr int32_t FirstBadStatus = 400;
 constexpr int64_t BytesInMiB = 1'048'576;
 
 /// Sentences for the user that hold no address: what is asked for is nobody's business.
@@ -168,6 +169,12 @@ void Download::ended(NetworkProblem problem, std::string_view text) {
         if (!file_)
             fail("The page cannot be stored: " + diskFullError().Description + ".");
     }
+    if (status_ >= FirstBadStatus)
+        problem = NetworkProblem::None;
+    else if (problem == NetworkProblem::None && status_ == 0)
+        problem = received_ == 0 ? NetworkProblem::Closed : NetworkProblem::Malformed;
+    else if (problem == NetworkProblem::NoAnswer && received_ > 0)
+        problem = NetworkProblem::Closed;
     if (std::string reason = problemText(problem, text); !reason.empty())
         fail(std::move(reason));
 }
@@ -203,9 +210,11 @@ AsyncProperty Download::deliver() {
     return result;
 }
 
-std::string userAgent() {
-    return std::string(product::Title) + "/" + std::to_string(product::Major) + "." +
-           std::to_string(product::Minor);
+std::vector<std::pair<std::string, std::string>> requestHeaders() {
+    return {{"Cache-Control", "no-cache"},
+            {"Accept-Encoding", NotPacked},
+            {"User-Agent", std::string(product::Title) + "/" + std::to_string(product::Major) + "." +
+                               std::to_string(product::Minor)}};
 }
 
 } // namespace pixmo

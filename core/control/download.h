@@ -7,6 +7,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace pixmo {
 
@@ -58,7 +60,9 @@ public:
     /// `announced` is the size of the data as they are sent, -1 when the server does not say.
     void answered(int32_t status, std::string_view phrase, int64_t announced);
     void received(std::span<const uint8_t> data);
-    /// Nothing follows. `text` says what an Other problem is.
+    /// Nothing follows. `text` says what an Other problem is. Where HTTP has said what is wrong, the
+    /// network's own problem says less; and there is one when the network calls it a success that HTTP said
+    /// nothing.
     void ended(NetworkProblem problem, std::string_view text = {});
     void stalled();
 
@@ -91,7 +95,10 @@ private:
     bool fileIsSettled_ = false; ///< delivered or removed
 };
 
-/// "Pixmo/1.0", as servers see it.
-std::string userAgent();
+/// What each request says beside its address: that no cache may answer it, and that no small answer swells.
+std::vector<std::pair<std::string, std::string>> requestHeaders();
+/// Names the packing of an answer. Of a packed one the announced size says nothing.
+inline constexpr const char* PackingHeader = "Content-Encoding";
+inline constexpr const char* NotPacked = "identity";
 
 } // namespace pixmo

@@ -16,23 +16,6 @@ namespace pixmo::scripted {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-Answer safestAnswer(Buttons buttons) {
-    switch (buttons) {
-    case Buttons::Ok:
-        return Answer::Ok;
-    case Buttons::AbortRetryIgnore:
-        return Answer::Abort;
-    case Buttons::YesNo:
-        return Answer::No;
-    default:
-        return Answer::Cancel;
-    }
-}
-
-} // namespace
-
 Answer MessageBox::ask(const std::string& text, Buttons buttons, Icon icon, const std::string& title) {
     questions.push_back({text, buttons, icon, title});
     if (whileAsked)

@@ -46,6 +46,11 @@ TEST_F(DownloadTest, EveryEndHasItsSentence) {
         {"The server closed the connection.", [](auto& d) { d.ended(Problem::Closed); }},
         {"The server answered 404 Not Found.",
          [&](auto& d) { answered(d, 404, 20, 10), d.ended(Problem::Other, "x"); }},
+        {"The server answered 404 Not Found.",
+         [&](auto& d) { answered(d, 404, 20, 10), d.ended(Problem::NotFound); }},
+        {"The server closed the connection.", [](auto& d) { d.ended(Problem::None); }},
+        {"The server closed the connection.", [](auto& d) { feed(d, 10), d.ended(Problem::NoAnswer); }},
+        {"The server's answer is malformed.", [](auto& d) { feed(d, 10), d.ended(Problem::None); }},
         {"The server answered 304.", [&](auto& d) { answered(d, 304, -1, 0), d.ended(Problem::None); }},
         {"a certificate", [](auto& d) { d.ended(Problem::Other, "a certificate"); }},
         {"The answer is larger than 0.000095 MiB.", [&](auto& d) { answered(d, 200, -1, 101); }},
@@ -74,6 +79,7 @@ TEST_F(DownloadTest, EveryEndHasItsSentence) {
 TEST_F(DownloadTest, AFileIsDeliveredOrRemoved) {
     {
         Download download(request("http://e/p", AsyncType::File), limits);
+        download.answered(200, "OK", -1);
         feed(download, 10);
         download.ended(NetworkProblem::None);
         EXPECT_EQ(download.deliver().File, file);

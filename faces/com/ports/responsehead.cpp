@@ -1,6 +1,7 @@
 #include "faces/com/ports/responsehead.h"
 
 #include "core/base/text.h"
+#include "core/control/download.h"
 
 #include <charconv>
 #include <string_view>
@@ -42,8 +43,8 @@ ResponseHead readResponseHead(const std::string& head) {
         const std::string_view value = trimBlanks(std::string_view(line).substr(colon + 1));
         if (equalIgnoringCase(name, "Content-Length"))
             result.bodySize = sizeOf(value);
-        else if (equalIgnoringCase(name, "Content-Encoding"))
-            packed = !equalIgnoringCase(value, "identity");
+        else if (equalIgnoringCase(name, PackingHeader))
+            packed = !equalIgnoringCase(value, NotPacked);
     }
     if (packed)
         result.bodySize = -1;

@@ -1,25 +1,17 @@
 #pragma once
 
-#include "core/platform/scratchfolder.h"
-
-#include <windows.h>
+#include "core/platform/lockedfolder.h"
 
 namespace pixmo::com {
 
-/// A folder in the user's temporary one, with an access list that names this user alone. A file in it that is
-/// kept open shows that its process lives.
-class ScratchFolder : public pixmo::ScratchFolder {
-public:
-    ScratchFolder() = default;
-    ~ScratchFolder() override;
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    std::filesystem::path path() override;
-
-private:
-    std::filesystem::path folder_;
-    HANDLE lock_ = INVALID_HANDLE_VALUE; ///< of the file that is kept open
+/// Its folder has an access list that names this user alone; what is locked is open, and nobody else can open
+/// it so.
+class ScratchFolder : public LockedFolder {
+protected:
+    bool makePrivate(const std::filesystem::path& folder) override;
+    bool isOwn(const std::filesystem::path& folder) override;
+    Lock makeLocked(const std::filesystem::path& file) override;
+    Lock lock(const std::filesystem::path& file) override;
 };
 
 } // namespace pixmo::com

@@ -1,9 +1,10 @@
 #include "faces/com/ports/transfer.h"
 
+#include "core/base/text.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/base/window.h"
+#include "faces/com/ports/networkproblem.h"
 #include "faces/com/ports/responsehead.h"
-#include "faces/com/ports/transferresult.h"
 
 #include <array>
 #include <cstring>
@@ -17,8 +18,6 @@ namespace {
 constexpr UINT_PTR StallTimer = 1;
 constexpr UINT_PTR ProgressTimer = 2;
 constexpr UINT ConcludeMessage = WM_APP;
-
-constexpr int32_t FirstBadStatus = 400;
 
 constexpr DWORD BindFlags = BINDF_ASYNCHRONOUS | BINDF_ASYNCSTORAGE | BINDF_PULLDATA |
                             BINDF_GETNEWESTVERSION | BINDF_NOWRITECACHE | BINDF_PRAGMA_NO_CACHE |
@@ -201,18 +200,6 @@ STDMETHODIMP Transfer::OnProgress(ULONG, ULONG, ULONG code, LPCWSTR text) {
     return S_OK;
 }
 
-/// Where HTTP itself has said what is wrong, the moniker's own error says less; and it calls it a success
-/// when the server has said nothing, or nothing of HTTP.
-NetworkProblem Transfer::problemOf(HRESULT result, DWORD detail) const {
-    if (status_ >= FirstBadStatus)
-        return NetworkProblem::None;
-    if (SUCCEEDED(result) && status_ == 0)
-        return download_.bytesRead() == 0 ? NetworkProblem::Closed : NetworkProblem::Malformed;
-    const NetworkProblem problem = networkProblem(result, detail);
-    const bool hasAnswered = download_.bytesRead() > 0;
-    return hasAnswered && problem == NetworkProblem::NoAnswer ? NetworkProblem::Closed : problem;
-}
-
 STDMETHODIMP Transfer::OnStopBinding(HRESULT result, LPCWSTR) {
     DWORD detail = 0;
     if (const ComPtr<IBinding> binding = std::exchange(binding_, nullptr)) {
@@ -223,7 +210,7 @@ STDMETHODIMP Transfer::OnStopBinding(HRESULT result, LPCWSTR) {
     }
     if (over_)
         return S_OK;
-    download_.ended(problemOf(result, detail), "The transfer failed.");
+    download_.ended(networkProblem(result, detail), "The transfer failed.");
     conclude();
     return S_OK;
 }
@@ -270,12 +257,13 @@ STDMETHODIMP Transfer::OnObjectAvailable(REFIID, IUnknown*) {
     return S_OK;
 }
 
-// Sizes are those of the page, and no small answer swells.
 STDMETHODIMP Transfer::BeginningTransaction(LPCWSTR, LPCWSTR, DWORD, LPWSTR* additional) {
     if (!additional)
         return E_POINTER;
-    *additional = taskText(toWide(
-        "Cache-Control: no-cache\r\nAccept-Encoding: identity\r\nUser-Agent: " + userAgent() + "\r\n"));
+    std::string lines;
+    for (const auto& [name, value] : requestHeaders())
+        lines.append(name).append(": ").append(value).append(LineBreak);
+    *additional = taskText(toWide(lines));
     return *additional ? S_OK : E_OUTOFMEMORY;
 }
 
@@ -285,9 +273,8 @@ STDMETHODIMP Transfer::OnResponse(DWORD status, LPCWSTR headers, LPCWSTR, LPWSTR
     if (over_)
         return S_OK;
     alive();
-    status_ = static_cast<int32_t>(status);
     const ResponseHead head = readResponseHead(toUtf8(headers ? headers : L""));
-    download_.answered(status_, head.phrase, head.bodySize);
+    download_.answered(static_cast<int32_t>(status), head.phrase, head.bodySize);
     return S_OK;
 }
 

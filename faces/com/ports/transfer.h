@@ -55,7 +55,6 @@ private:
     void conclude();
     void onConcluded();
     void stopBinding();
-    NetworkProblem problemOf(HRESULT result, DWORD detail) const;
 
     LONG references_ = 1;
     Download download_;
@@ -63,7 +62,6 @@ private:
     Report completed_;
     std::shared_ptr<Clock> clock_;
     ComPtr<IBinding> binding_;
-    int32_t status_ = 0;
     bool over_ = false; ///< only the report is outstanding
 };
 

@@ -10,8 +10,6 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr double InchesInMetre = 1 / 0.0254;
-
 QImage::Format formatOf(const Raster& picture) {
     switch (picture.format) {
     case PixelFormat::Bilevel:
@@ -32,8 +30,8 @@ void Clipboard::setPicture(const Raster& picture) {
     if (picture.format == PixelFormat::Bilevel)
         image.setColorTable(
             {QRgb{0xFF000000} | picture.bilevelColours[0], QRgb{0xFF000000} | picture.bilevelColours[1]});
-    image.setDotsPerMeterX(qRound(picture.xResolution * InchesInMetre));
-    image.setDotsPerMeterY(qRound(picture.yResolution * InchesInMetre));
+    image.setDotsPerMeterX(picture.pixelsAMetre().first);
+    image.setDotsPerMeterY(picture.pixelsAMetre().second);
     // The clipboard outlives the picture.
     QGuiApplication::clipboard()->setImage(image.copy());
 }

@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QPointer>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -12,38 +13,39 @@ namespace pixmo::qt {
 
 namespace {
 
-struct ButtonSet {
-    QMessageBox::StandardButtons shown;
-    QMessageBox::StandardButton safest;
-    Answer safestAnswer;
-};
+using Box = QMessageBox;
 
-ButtonSet buttonSet(Buttons buttons) {
+constexpr std::array<std::pair<Box::StandardButton, Answer>, 7> Answers = {{{Box::Ok, Answer::Ok},
+                                                                            {Box::Cancel, Answer::Cancel},
+                                                                            {Box::Abort, Answer::Abort},
+                                                                            {Box::Retry, Answer::Retry},
+                                                                            {Box::Ignore, Answer::Ignore},
+                                                                            {Box::Yes, Answer::Yes},
+                                                                            {Box::No, Answer::No}}};
+
+Box::StandardButtons buttonsOf(Buttons buttons) {
     switch (buttons) {
     case Buttons::OkCancel:
-        return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel, Answer::Cancel};
+        return Box::Ok | Box::Cancel;
     case Buttons::RetryCancel:
-        return {QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Cancel, Answer::Cancel};
+        return Box::Retry | Box::Cancel;
     case Buttons::AbortRetryIgnore:
-        return {QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore, QMessageBox::Abort,
-                Answer::Abort};
+        return Box::Abort | Box::Retry | Box::Ignore;
     case Buttons::YesNo:
-        return {QMessageBox::Yes | QMessageBox::No, QMessageBox::No, Answer::No};
+        return Box::Yes | Box::No;
     case Buttons::Ok:
         break;
     }
-    return {QMessageBox::Ok, QMessageBox::Ok, Answer::Ok};
+    return Box::Ok;
+}
+
+Box::StandardButton buttonOf(Answer answer) {
+    const auto* const found = std::find_if(Answers.begin(), Answers.end(),
+                                           [answer](const auto& row) { return row.second == answer; });
+    return found->first;
 }
 
 Answer answerOf(int button, Answer otherwise) {
-    constexpr std::array<std::pair<QMessageBox::StandardButton, Answer>, 7> Answers = {
-        {{QMessageBox::Ok, Answer::Ok},
-         {QMessageBox::Cancel, Answer::Cancel},
-         {QMessageBox::Abort, Answer::Abort},
-         {QMessageBox::Retry, Answer::Retry},
-         {QMessageBox::Ignore, Answer::Ignore},
-         {QMessageBox::Yes, Answer::Yes},
-         {QMessageBox::No, Answer::No}}};
     for (const auto& [standard, answer] : Answers)
         if (standard == button)
             return answer;
@@ -66,44 +68,39 @@ QMessageBox::Icon iconOf(Icon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// A text of more lines than this would make a box higher than small screens.
-constexpr qsizetype MostLines = 20;
-
-void setTexts(QMessageBox& box, const QString& text) {
+/// The whole of a text that was cut is there for who asks.
+void setTexts(QMessageBox& box, const std::string& text) {
+    const std::string shown = shortenedText(text);
     box.setTextFormat(Qt::PlainText);
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    if (lines.size() <= MostLines) {
-        box.setText(text);
-        return;
-    }
-    box.setText(lines.mid(0, MostLines).join(QLatin1Char('\n')) + QChar(0x2026));
-    box.setDetailedText(text);
+    box.setText(linesToQt(shown));
+    if (shown != text)
+        box.setDetailedText(linesToQt(text));
 }
 
 } // namespace
 
 Answer MessageBox::ask(const std::string& text, Buttons buttons, Icon icon, const std::string& title) {
-    const ButtonSet set = buttonSet(buttons);
+    const Answer safest = safestAnswer(buttons);
     const QString shownTitle = title.empty() ? toQt(product::Title) : toQt(title);
     if (unattended_) {
         std::fprintf(stderr, "%s: %s\n", qUtf8Printable(shownTitle), qUtf8Printable(linesToQt(text)));
-        return set.safestAnswer;
+        return safest;
     }
     if (!link_->owner)
-        return set.safestAnswer;
+        return safest;
     const QPointer<QMessageBox> box = new QMessageBox(link_->owner);
     box->setWindowTitle(shownTitle);
-    setTexts(*box, linesToQt(text));
+    setTexts(*box, text);
     box->setIcon(iconOf(icon));
-    box->setStandardButtons(set.shown);
-    box->setDefaultButton(set.safest);
-    box->setEscapeButton(set.safest);
+    box->setStandardButtons(buttonsOf(buttons));
+    box->setDefaultButton(buttonOf(safest));
+    box->setEscapeButton(buttonOf(safest));
     box->setWindowModality(Qt::WindowModal);
     const int button = box->exec();
     if (!box)
-        return set.safestAnswer;
+        return safest;
     box->deleteLater();
-    return answerOf(button, set.safestAnswer);
+    return answerOf(button, safest);
 }
 
 } // namespace pixmo::qt

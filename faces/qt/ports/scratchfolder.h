@@ -1,22 +1,16 @@
 #pragma once
 
-#include "core/platform/scratchfolder.h"
+#include "core/platform/lockedfolder.h"
 
 namespace pixmo::qt {
 
-/// A folder in the system's temporary one. A lock on a file in it shows that its process lives.
-class ScratchFolder : public pixmo::ScratchFolder {
-public:
-    ScratchFolder() = default;
-    ~ScratchFolder() override;
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    std::filesystem::path path() override;
-
-private:
-    std::filesystem::path folder_;
-    int lock_ = -1; ///< descriptor of the locked file
+/// Its folder has mode 0700, its locks are those of flock().
+class ScratchFolder : public LockedFolder {
+protected:
+    bool makePrivate(const std::filesystem::path& folder) override;
+    bool isOwn(const std::filesystem::path& folder) override;
+    Lock makeLocked(const std::filesystem::path& file) override;
+    Lock lock(const std::filesystem::path& file) override;
 };
 
 } // namespace pixmo::qt

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/base/text.h"
+
 #include <QString>
 #include <string>
 
@@ -11,7 +13,7 @@ inline QString toQt(const std::string& utf8) {
 
 /// Lines of the core end in CR LF.
 inline QString linesToQt(const std::string& utf8) {
-    return toQt(utf8).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    return toQt(utf8).replace(QLatin1String(LineBreak.data()), QLatin1String("\n"));
 }
 
 } // namespace pixmo::qt

@@ -1,7 +1,6 @@
 #include "faces/qt/ports/transfer.h"
 
 #include "faces/qt/ports/networkproblem.h"
-#include "faces/qt/ports/texts.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkRequest>
@@ -22,10 +21,8 @@ QNetworkRequest networkRequest(const QUrl& url) {
     request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setMaximumRedirectsAllowed(Download::MostRedirects);
-    request.setRawHeader("Cache-Control", "no-cache");
-    // Sizes are those of the page, and no small answer swells.
-    request.setRawHeader("Accept-Encoding", "identity");
-    request.setHeader(QNetworkRequest::UserAgentHeader, toQt(userAgent()));
+    for (const auto& [name, value] : requestHeaders())
+        request.setRawHeader(QByteArray::fromStdString(name), QByteArray::fromStdString(value));
     return request;
 }
 
@@ -108,12 +105,11 @@ void Transfer::finish() {
     conclude();
 }
 
-// The size of what is packed on the way says nothing of what arrives.
 void Transfer::noteAnswer() {
     const int status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const QString phrase = reply_->attribute(QNetworkRequest::HttpReasonPhraseAttribute).toString();
     const QVariant size = reply_->header(QNetworkRequest::ContentLengthHeader);
-    const bool packed = reply_->hasRawHeader("Content-Encoding");
+    const bool packed = reply_->hasRawHeader(PackingHeader);
     download_.answered(status, phrase.toStdString(), size.isValid() && !packed ? size.toLongLong() : -1);
 }
 

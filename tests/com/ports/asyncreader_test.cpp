@@ -23,7 +23,7 @@ using ComReader = transfers::ReaderTest;
 TEST_F(ComReader, NamesItself) {
     server.answerWithBody("fine");
     answerTo(request(server.address()));
-    EXPECT_THAT(server.requests().at(0), testing::HasSubstr("User-Agent: " + userAgent()));
+    EXPECT_THAT(server.requests().at(0), testing::HasSubstr("User-Agent: " + requestHeaders().back().second));
 }
 
 } // namespace

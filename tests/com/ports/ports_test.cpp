@@ -46,13 +46,13 @@ TEST(ComScratchFolder, RemovesWhatDeadProcessesLeftAndNothingElse) {
     const fs::path temporary = fs::temp_directory_path();
     const fs::path left = temporary / "pixmo-pages-left";
     fs::create_directories(left);
-    writeFile(left / "lock", {});
+    writeFile(left / ".lock", {});
     writeFile(left / "page1.dat", std::vector<uint8_t>(10));
     const fs::path young = temporary / "pixmo-pages-young";
     fs::create_directories(young);
     const fs::path elsewhere = temporary / "elsewhere";
     fs::create_directories(elsewhere);
-    writeFile(elsewhere / "lock", {});
+    writeFile(elsewhere / ".lock", {});
 
     fs::path own;
     {
@@ -64,7 +64,7 @@ TEST(ComScratchFolder, RemovesWhatDeadProcessesLeftAndNothingElse) {
         EXPECT_TRUE(fs::exists(own)) << "the second folder is no reason to remove the first";
         EXPECT_FALSE(fs::exists(left));
         EXPECT_TRUE(fs::exists(young)) << "it may be about to be locked";
-        EXPECT_TRUE(fs::exists(elsewhere / "lock"));
+        EXPECT_TRUE(fs::exists(elsewhere / ".lock"));
         writeFile(own / "page1.dat", std::vector<uint8_t>(10));
     }
     EXPECT_FALSE(fs::exists(own));

@@ -1,4 +1,4 @@
-#include "faces/com/ports/transferresult.h"
+#include "faces/com/ports/networkproblem.h"
 
 #include <algorithm>
 #include <array>
