@@ -57,5 +57,6 @@ checkHeaders() {
 checkLengths
 checkScripts
 cmake -P cmake/PixmoChecks.cmake || status=1
+cmake/check-faces.sh || status=1
 checkHeaders
 exit "$status"

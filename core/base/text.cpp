@@ -175,6 +175,13 @@ std::string_view trimBlanks(std::string_view text) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+std::string withoutBreaks(std::string_view text) {
+    std::string line(text);
+    std::erase(line, '\r');
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    return line;
+}
+
 std::string upperCase(std::string_view text) {
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(), upper);

@@ -29,6 +29,9 @@ std::string firstCharacter(std::string_view utf8);
 /// Without the blanks (U+0020 only) at both ends.
 std::string_view trimBlanks(std::string_view text);
 
+/// With blanks for the line breaks.
+std::string withoutBreaks(std::string_view text);
+
 /// ASCII letters only; other characters stay.
 std::string upperCase(std::string_view text);
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "core/base/text.h"
+
 #include <cstddef>
 #include <deque>
 #include <string>
+#include <string_view>
 
 namespace pixmo {
 
@@ -18,6 +21,13 @@ public:
     }
     void clear() { lines_.clear(); }
     const std::deque<std::string>& lines() const { return lines_; }
+    /// All of them, with line breaks between them.
+    std::string text() const {
+        std::string joined;
+        for (const std::string& line : lines_)
+            joined.append(joined.empty() ? std::string_view() : LineBreak).append(line);
+        return joined;
+    }
 
 private:
     std::deque<std::string> lines_;

@@ -1,6 +1,8 @@
 #include "core/control/imageview.h"
 
+#include "core/base/text.h"
 #include "core/base/virtualkeys.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -118,11 +120,12 @@ std::string ImageView::statusText() const {
     if (isContacting())
         return "Contacting the server\u2026";
     if (parts_.printing.running && !parts_.printing.text.empty())
-        return parts_.printing.text;
+        return withoutBreaks(parts_.printing.text);
     const TransferProgress& progress = parts_.progress;
     if (parts_.session.pending.Count() == 0)
-        return parts_.session.transferProblem.empty() ? parts_.printing.text
-                                                      : "Transfer failed: " + parts_.session.transferProblem;
+        return parts_.session.transferProblem.empty()
+                   ? parts_.printing.text
+                   : "Transfer failed: " + withoutBreaks(parts_.session.transferProblem);
     std::string text = "Loading\u2026";
     if (!progress.tag.empty() && progress.bytesRead > 0) {
         text = "Loading: " + kilobytes(progress.bytesRead);

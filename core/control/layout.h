@@ -1,42 +1,39 @@
 #pragma once
 
+#include "core/imaging/rectangle.h"
+
 #include <cstdint>
 
 namespace pixmo {
 
-/// In whatever pixels the face measures, origin at the control's upper left corner.
-struct Box {
-    int32_t left = 0;
-    int32_t top = 0;
-    int32_t width = 0;
-    int32_t height = 0;
-    bool operator==(const Box&) const = default;
-};
-
-/// What the face measures.
+/// What the face measures, in device pixels but for the scale.
 struct LayoutMeasures {
     int32_t width = 0;
     int32_t height = 0;
     int32_t toolbarHeight = 0; ///< 0 hides the toolbar
+    int32_t textHeight = 0;    ///< of a line of text; 0 hides the status line
     int32_t readOutWidth = 0;  ///< of the text of `txtPage`
-    int32_t statusHeight = 0;  ///< of one line of text with its margins; 0 hides the status line
-    int32_t progressWidth = 0; ///< 0 hides the progress bar
     int32_t zoomWidth = 0;     ///< of the text of the zoom; 0 hides it
+    bool progressShown = false;
     bool debugShown = false;
-    int32_t gap = 6;        ///< between the fields of the status line
     bool fromRight = false; ///< the status line is read from its right end
+    double scale = 1;       ///< device pixels in a device-independent one
 };
 
-/// Where the children of the control go.
+/// Where the children of the control go, origin at the control's upper left corner. The texts of the status
+/// line have margins beside them.
 struct ControlLayout {
-    Box toolbar;
-    Box view;
-    Box debug;
-    Box readOut;
-    Box status;
-    Box progress;
-    Box zoom;
+    Rectangle toolbar;
+    Rectangle view;
+    Rectangle debug;
+    Rectangle readOut;
+    Rectangle status;
+    Rectangle progress; ///< empty: it is not shown
+    Rectangle zoom;
 };
+
+/// Of one line of text with its margins; 0 without text.
+int32_t statusHeight(const LayoutMeasures& measures);
 
 /// The toolbar on top, the status line at the bottom, the view between them. The status line has the page
 /// read-out at its left end and the zoom at its right end, or the other way round. The view keeps no less

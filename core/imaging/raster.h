@@ -3,9 +3,11 @@
 #include "core/imaging/rectangle.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace pixmo {
@@ -34,6 +36,12 @@ struct Raster {
     std::vector<uint8_t> pixels;
 
     bool empty() const { return width <= 0 || height <= 0; }
+    /// The resolutions as system bitmaps have them.
+    std::pair<int32_t, int32_t> pixelsAMetre() const {
+        constexpr double inchesAMetre = 1 / 0.0254;
+        return {static_cast<int32_t>(std::lround(xResolution * inchesAMetre)),
+                static_cast<int32_t>(std::lround(yResolution * inchesAMetre))};
+    }
 
     std::span<const uint8_t> row(int32_t y) const {
         return {pixels.data() + static_cast<size_t>(y) * stride, stride};

@@ -203,21 +203,27 @@ TEST(Resize, GrayScaleIsOffUntilTheSizeStays) {
 }
 
 TEST(Layout, ChildrenShareTheControl) {
-    LayoutMeasures measures{800, 600, 40, 90, 20, 120, 50};
+    LayoutMeasures measures{800, 600, 40, 14, 78, 38, true};
+    EXPECT_EQ(statusHeight(measures), 20);
     ControlLayout layout = layOut(measures);
-    EXPECT_EQ(layout.toolbar, (Box{0, 0, 800, 40}));
-    EXPECT_EQ(layout.view, (Box{0, 40, 800, 540}));
-    EXPECT_EQ(layout.readOut, (Box{0, 580, 90, 20}));
-    EXPECT_EQ(layout.progress, (Box{630, 580, 120, 20}));
-    EXPECT_EQ(layout.status, (Box{96, 580, 528, 20}));
-    EXPECT_EQ(layout.zoom, (Box{750, 580, 50, 20}));
+    EXPECT_EQ(layout.toolbar, (Rectangle{0, 0, 800, 40}));
+    EXPECT_EQ(layout.view, (Rectangle{0, 40, 800, 540}));
+    EXPECT_EQ(layout.readOut, (Rectangle{6, 580, 78, 20}));
+    EXPECT_EQ(layout.progress, (Rectangle{630, 586, 114, 8}));
+    EXPECT_EQ(layout.status, (Rectangle{96, 580, 528, 20}));
+    EXPECT_EQ(layout.zoom, (Rectangle{756, 580, 38, 20}));
     measures.fromRight = true;
     layout = layOut(measures);
-    EXPECT_EQ(layout.view, (Box{0, 40, 800, 540}));
-    EXPECT_EQ(layout.readOut, (Box{710, 580, 90, 20}));
-    EXPECT_EQ(layout.status, (Box{176, 580, 528, 20}));
-    EXPECT_EQ(layout.progress, (Box{50, 580, 120, 20}));
-    EXPECT_EQ(layout.zoom, (Box{0, 580, 50, 20}));
+    EXPECT_EQ(layout.view, (Rectangle{0, 40, 800, 540}));
+    EXPECT_EQ(layout.readOut, (Rectangle{716, 580, 78, 20}));
+    EXPECT_EQ(layout.status, (Rectangle{176, 580, 528, 20}));
+    EXPECT_EQ(layout.progress, (Rectangle{56, 586, 114, 8}));
+    EXPECT_EQ(layout.zoom, (Rectangle{6, 580, 38, 20}));
+    measures.scale = 2;
+    EXPECT_EQ(statusHeight(measures), 26);
+    EXPECT_EQ(layOut(measures).zoom, (Rectangle{12, 574, 38, 26}));
+    EXPECT_EQ(layOut(measures).progress.width, 228);
+    measures.scale = 1;
     measures.debugShown = true;
     layout = layOut(measures);
     EXPECT_EQ(layout.view.height + layout.debug.height, 540);
@@ -225,8 +231,8 @@ TEST(Layout, ChildrenShareTheControl) {
     for (const int32_t size : {0, 1, 30, 50, 100}) {
         measures.width = measures.height = size;
         layout = layOut(measures);
-        for (const Box& box : {layout.toolbar, layout.view, layout.debug, layout.readOut, layout.status,
-                               layout.progress, layout.zoom})
+        for (const Rectangle& box : {layout.toolbar, layout.view, layout.debug, layout.readOut, layout.status,
+                                     layout.progress, layout.zoom})
             EXPECT_TRUE(box.width >= 0 && box.height >= 0) << size;
     }
 }

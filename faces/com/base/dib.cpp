@@ -1,14 +1,11 @@
 #include "faces/com/base/dib.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 namespace pixmo::com {
 
 namespace {
-
-constexpr double InchesInMetre = 1 / 0.0254;
 
 uint16_t depthOf(PixelFormat format) {
     if (format == PixelFormat::Rgb)
@@ -42,8 +39,8 @@ std::vector<uint8_t> headerOf(const Raster& picture, int32_t height) {
     header.biPlanes = 1;
     header.biBitCount = depthOf(picture.format);
     header.biSizeImage = static_cast<DWORD>(strideOf(picture) * static_cast<size_t>(height));
-    header.biXPelsPerMeter = static_cast<LONG>(std::lround(picture.xResolution * InchesInMetre));
-    header.biYPelsPerMeter = static_cast<LONG>(std::lround(picture.yResolution * InchesInMetre));
+    header.biXPelsPerMeter = picture.pixelsAMetre().first;
+    header.biYPelsPerMeter = picture.pixelsAMetre().second;
     header.biClrUsed = static_cast<DWORD>(colours);
     std::memcpy(bytes.data(), &header, sizeof header);
     for (size_t i = 0; i < colours; ++i) {

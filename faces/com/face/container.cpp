@@ -4,11 +4,7 @@
 
 namespace pixmo::com {
 
-namespace {
-
-constexpr Colour ButtonFace{0x8000000F};
-
-} // namespace
+namespace {} // namespace
 
 bool Container::userMode() const {
     return link_->host() && link_->host()->userMode();

@@ -3,8 +3,7 @@
 namespace pixmo::com {
 
 COLORREF toColorRef(Colour colour) {
-    constexpr uint32_t SystemColour = 0x80000000;
-    if ((colour.value & SystemColour) != 0)
+    if (colour.isSystem())
         return GetSysColor(static_cast<int>(colour.value & 0xFFU));
     return colour.value & 0xFFFFFFU;
 }

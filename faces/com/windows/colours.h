@@ -8,8 +8,6 @@
 
 namespace pixmo::com {
 
-inline constexpr Colour ButtonFace{0x8000000F};
-
 /// A system colour becomes the user's of that moment.
 COLORREF toColorRef(Colour colour);
 

@@ -37,10 +37,7 @@ void DebugPane::mirror(const ImageView& control) {
         ShowWindow(edit_, shown ? SW_SHOWNA : SW_HIDE);
     if (!shown)
         return;
-    std::string text;
-    for (const std::string& line : control.txtDebug().lines())
-        text += (text.empty() ? "" : "\r\n") + line;
-    std::wstring wide = toWide(text);
+    std::wstring wide = toWide(control.txtDebug().text());
     if (wide == shown_)
         return;
     shown_ = std::move(wide);

@@ -13,7 +13,7 @@ namespace pixmo::com {
 
 namespace {
 
-RECT rectOf(const Box& box, int border) {
+RECT rectOf(const Rectangle& box, int border) {
     return {box.left + border, box.top + border, box.left + box.width + border,
             box.top + box.height + border};
 }

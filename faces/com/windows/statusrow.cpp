@@ -13,18 +13,6 @@ namespace pixmo::com {
 
 namespace {
 
-constexpr int TextMargin = 6; ///< device-independent pixels, as all here
-constexpr int RowMargin = 3;
-constexpr int ProgressWidth = 120;
-constexpr int ProgressHeight = 10;
-
-std::wstring oneLine(const std::string& utf8) {
-    std::wstring text = toWide(utf8);
-    std::erase(text, L'\r');
-    std::replace(text.begin(), text.end(), L'\n', L' ');
-    return text;
-}
-
 void showText(HWND window, std::wstring& shown, std::wstring text) {
     if (shown == text)
         return;
@@ -33,12 +21,11 @@ void showText(HWND window, std::wstring& shown, std::wstring text) {
 }
 
 /// A text that did not fit before is drawn anew as a whole.
-void move(HWND window, const Box& box, POINT origin, int margin) {
-    const int width = std::max(0, box.width - 2 * margin);
+void move(HWND window, const Rectangle& box, POINT origin) {
     RECT present{};
     GetClientRect(window, &present);
-    const bool sameSize = present.right == width && present.bottom == box.height;
-    SetWindowPos(window, nullptr, origin.x + box.left + margin, origin.y + box.top, width, box.height,
+    const bool sameSize = present.right == box.width && present.bottom == box.height;
+    SetWindowPos(window, nullptr, origin.x + box.left, origin.y + box.top, box.width, box.height,
                  SWP_NOZORDER | SWP_NOACTIVATE | (sameSize ? 0U : SWP_NOCOPYBITS));
 }
 
@@ -64,7 +51,7 @@ HWND StatusRow::makeText(HWND parent, DWORD style) const {
 
 void StatusRow::mirror(const ImageView& control) {
     showText(readOut_, readOutText_, toWide(control.txtPage()));
-    std::wstring text = oneLine(control.statusText());
+    std::wstring text = toWide(control.statusText());
     if (text != statusText_) {
         showText(status_, statusText_, std::move(text));
         showTip();
@@ -89,29 +76,21 @@ void StatusRow::setFont(HFONT font, int dpi) {
 }
 
 void StatusRow::measure(LayoutMeasures& measures) const {
-    const int margins = 2 * scaled(TextMargin, dpi_);
     const SIZE readOut = textSize(font_, readOutText_);
-    measures.readOutWidth = readOut.cx + margins;
-    measures.statusHeight = readOut.cy + 2 * scaled(RowMargin, dpi_);
-    measures.gap = scaled(measures.gap, dpi_);
+    measures.textHeight = readOut.cy;
+    measures.readOutWidth = readOut.cx;
+    measures.zoomWidth = textSize(font_, zoomText_).cx;
+    measures.progressShown = progressPercent_ >= 0;
     measures.fromRight = mirrored_;
-    if (progressPercent_ >= 0)
-        measures.progressWidth = scaled(ProgressWidth, dpi_);
-    if (!zoomText_.empty())
-        measures.zoomWidth = textSize(font_, zoomText_).cx + margins;
+    measures.scale = static_cast<double>(dpi_) / UsualDpi;
 }
 
 void StatusRow::place(const ControlLayout& layout, POINT origin) {
-    const int margin = scaled(TextMargin, dpi_);
-    move(readOut_, layout.readOut, origin, margin);
-    move(status_, layout.status, origin, 0);
-    move(zoom_, layout.zoom, origin, margin);
-    Box bar = layout.progress;
-    bar.height = std::min(scaled(ProgressHeight, dpi_), layout.progress.height);
-    bar.top += (layout.progress.height - bar.height) / 2;
-    move(progress_, bar, origin, margin);
-    const bool progress = progressPercent_ >= 0 && bar.width > 2 * margin;
-    ShowWindow(progress_, progress ? SW_SHOWNA : SW_HIDE);
+    move(readOut_, layout.readOut, origin);
+    move(status_, layout.status, origin);
+    move(zoom_, layout.zoom, origin);
+    move(progress_, layout.progress, origin);
+    ShowWindow(progress_, layout.progress.empty() ? SW_HIDE : SW_SHOWNA);
     showTip();
 }
 

@@ -190,7 +190,7 @@ void ImageViewPrivate::relayout(bool resized) {
     measures.debugShown = control_->commands().debugShown;
     status_.measure(measures);
     const ControlLayout layout = layOut(measures);
-    const auto place = [border](const Box& box) {
+    const auto place = [border](const Rectangle& box) {
         return QRect(box.left + border, box.top + border, box.width, box.height);
     };
     toolbar_->setGeometry(place(layout.toolbar));
@@ -206,7 +206,7 @@ void ImageViewPrivate::relayout(bool resized) {
 int ImageViewPrivate::barsHeight() const {
     LayoutMeasures measures;
     status_.measure(measures);
-    return toolbarHeight() + measures.statusHeight;
+    return toolbarHeight() + statusHeight(measures);
 }
 
 int ImageViewPrivate::toolbarHeight() const {

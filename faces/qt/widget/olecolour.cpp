@@ -6,8 +6,6 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr uint32_t SystemColour = 0x80000000;
-
 /// The palette's role of each system colour, by its number.
 constexpr std::array<QPalette::ColorRole, 25> Roles = {
     QPalette::Button,          // scroll bar
@@ -40,7 +38,7 @@ constexpr std::array<QPalette::ColorRole, 25> Roles = {
 } // namespace
 
 QColor toQColor(Colour colour, const QPalette& palette) {
-    if ((colour.value & SystemColour) == 0)
+    if (!colour.isSystem())
         return {static_cast<int>(colour.value & 0xFFU), static_cast<int>((colour.value >> 8U) & 0xFFU),
                 static_cast<int>((colour.value >> 16U) & 0xFFU)};
     const size_t number = colour.value & 0xFFFFU;

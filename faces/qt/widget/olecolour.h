@@ -7,7 +7,6 @@
 
 namespace pixmo::qt {
 
-inline constexpr Colour ButtonFace{0x8000000F};
 inline constexpr Colour ButtonText{0x80000012};
 
 /// A system colour becomes the palette's colour of the same use; an unknown one the window colour.

@@ -26,10 +26,7 @@ void DebugPane::mirror(const pixmo::ImageView& control) {
     setVisible(control.commands().debugShown);
     if (!control.commands().debugShown)
         return;
-    QStringList lines;
-    for (const std::string& line : control.txtDebug().lines())
-        lines.append(toQt(line));
-    const QString text = lines.join(QLatin1Char('\n'));
+    const QString text = linesToQt(control.txtDebug().text());
     if (text == toPlainText())
         return;
     setPlainText(text);

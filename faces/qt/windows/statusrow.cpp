@@ -7,12 +7,7 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr int TextMargin = 6;
-constexpr int RowMargin = 3;
-constexpr int ProgressWidth = 120;
-constexpr int ProgressHeight = 8;
-
-QRect rect(const Box& box, QPoint origin) {
+QRect rect(const Rectangle& box, QPoint origin) {
     return QRect(box.left, box.top, box.width, box.height).translated(origin);
 }
 
@@ -21,6 +16,7 @@ QLabel* plainLabel(QWidget& parent, const QString& objectName) {
     label->setObjectName(objectName);
     label->setTextFormat(Qt::PlainText);
     label->setMargin(0);
+    label->setIndent(0);
     return label;
 }
 
@@ -30,19 +26,17 @@ StatusRow::StatusRow(QWidget& parent)
     : readOut_(plainLabel(parent, QStringLiteral("txtPage"))),
       status_(plainLabel(parent, QStringLiteral("lblStatus"))), progress_(new QProgressBar(&parent)),
       zoom_(plainLabel(parent, QStringLiteral("lblZoom"))) {
-    readOut_->setIndent(TextMargin);
     progress_->setTextVisible(false);
     progress_->setRange(0, 100);
     progress_->setAccessibleName(toQt(part_name::Progress));
     progress_->hide();
-    zoom_->setIndent(TextMargin);
     zoom_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 void StatusRow::mirror(const pixmo::ImageView& control) {
     readOut_->setText(toQt(control.txtPage()));
     mirrorZoom(control);
-    statusText_ = linesToQt(control.statusText()).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    statusText_ = toQt(control.statusText());
     const int percent = control.progressPercent();
     progressShown_ = percent >= 0;
     progress_->setValue(qMax(percent, 0));
@@ -60,24 +54,18 @@ bool StatusRow::mirrorZoom(const pixmo::ImageView& control) {
 
 void StatusRow::measure(LayoutMeasures& measures) const {
     const QFontMetrics metrics = readOut_->fontMetrics();
-    const auto widthOf = [&metrics](const QLabel& label) {
-        return label.text().isEmpty() ? 0 : metrics.horizontalAdvance(label.text()) + 2 * TextMargin;
-    };
-    measures.readOutWidth = widthOf(*readOut_);
-    measures.zoomWidth = widthOf(*zoom_);
-    measures.statusHeight = metrics.height() + 2 * RowMargin;
-    measures.progressWidth = progressShown_ ? ProgressWidth : 0;
+    measures.textHeight = metrics.height();
+    measures.readOutWidth = metrics.horizontalAdvance(readOut_->text());
+    measures.zoomWidth = metrics.horizontalAdvance(zoom_->text());
+    measures.progressShown = progressShown_;
 }
 
 void StatusRow::place(const ControlLayout& layout, QPoint origin) {
     readOut_->setGeometry(rect(layout.readOut, origin));
     status_->setGeometry(rect(layout.status, origin));
     zoom_->setGeometry(rect(layout.zoom, origin));
-    const QRect room = rect(layout.progress, origin);
-    const int height = qMin(ProgressHeight, room.height());
-    progress_->setGeometry(room.left(), room.top() + (room.height() - height) / 2,
-                           qMax(0, room.width() - TextMargin), height);
-    progress_->setVisible(progressShown_ && room.width() > TextMargin);
+    progress_->setGeometry(rect(layout.progress, origin));
+    progress_->setVisible(!layout.progress.empty());
     showStatus();
 }
 
