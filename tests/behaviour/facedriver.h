@@ -184,7 +184,7 @@ public:
     virtual std::string focus() = 0;
 
     // What the user does.
-    /// These keys stay pressed until the next call.
+    /// These keys are held down at each click until the next call.
     virtual void hold(int modifiers) = 0;
     virtual void press(int keyCode, int modifiers = with::Nothing) = 0;
     /// ASCII.

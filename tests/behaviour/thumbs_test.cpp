@@ -89,7 +89,8 @@ TEST_F(ThumbsTest, ShowThePagesAndFollowTheReader) {
     face->call("Clear");
     EXPECT_EQ(face->dialogTitle(), "Thumbnails");
     EXPECT_THAT(face->thumbs(), SizeIs(0));
-    EXPECT_GT(darkShare(face->picture(), 160), 0) << "a notice";
+    const Picture empty = face->picture();
+    EXPECT_LT(std::ranges::count(empty.pixels, empty.at(0, 0)), std::ssize(empty.pixels) - 100) << "a notice";
     face->load(sample::Fax, 1);
     ASSERT_TRUE(waitForPage(1));
     EXPECT_THAT(face->thumbs(), SizeIs(sample::FaxPages));
@@ -184,7 +185,6 @@ TEST_F(ThumbsTest, AFailedPageSaysWhyAndTriesAgain) {
     EXPECT_THAT(thumb(3).description, HasSubstr("503"));
     EXPECT_THAT(thumb(3).description, EndsWith("Click to try again."));
     EXPECT_TRUE(face->isPageDisplayed());
-    EXPECT_EQ(face->answer({"OK", "Cancel", "Abort"}), std::nullopt);
     ASSERT_TRUE(waitUntilIdle());
     face->setFaults("");
     click(3);

@@ -103,34 +103,23 @@ TEST_F(ThumbPainting, ScalesWithTheScreen) {
 
 TEST_F(ThumbPainting, CommandsOfToolbarAndMenus) {
     open(3, 1);
-    loadAll();
-    const auto entry = [](const std::vector<MenuItem>& menu, const char* key) {
-        const auto found = std::ranges::find(menu, key, &MenuItem::key);
-        return found == menu.end() ? MenuItem() : *found;
+    const auto entry = [&](const char* key) {
+        const std::vector<MenuItem> menu = thumbs()->viewMenu();
+        return *std::ranges::find(menu, key, &MenuItem::key);
     };
-    EXPECT_FALSE(entry(thumbs()->viewMenu(), "PRINT").enabled) << "nothing is selected";
-    EXPECT_EQ(entry(thumbs()->viewMenu(), "SELECTALL").shortcut, "Ctrl+A");
-    EXPECT_FALSE(thumbs()->toolbar().find("PRINT")->Enabled);
+    EXPECT_EQ(entry("SELECTALL").shortcut, "Ctrl+A");
     EXPECT_EQ(thumbs()->toolbar().find("PRINT")->Description, "Print Selection");
-    thumbs()->run("SELECTALL");
-    EXPECT_EQ(thumbs()->selectedPages().size(), 3U);
+    EXPECT_FALSE(entry("PRINT").enabled) << "nothing is selected";
     thumbs()->setItemSizeFactor(dlgThumbs::LargestFactor);
     EXPECT_FALSE(thumbs()->toolbar().find("LARGER")->Enabled);
-    thumbs()->run("LARGER");
-    EXPECT_EQ(thumbs()->itemSizeFactor(), dlgThumbs::LargestFactor);
-    thumbs()->run("SMALLER");
-    EXPECT_EQ(thumbs()->itemSizeFactor(), dlgThumbs::LargestFactor - 10);
-    EXPECT_EQ(thumbs()->toolbar().Images->size, 32);
     int changes = 0;
     thumbs()->Changed.connect([&] { ++changes; });
-    thumbs()->run("LARGEBUTTONS");
-    thumbs()->run("BUTTONCAPTIONS");
-    thumbs()->run("NOSUCH");
-    EXPECT_EQ(changes, 2);
-    EXPECT_EQ(thumbs()->toolbar().Images->size, 16);
-    EXPECT_EQ(thumbs()->toolbar().find("LARGER")->Caption, "Larger");
-    EXPECT_FALSE(entry(thumbs()->toolbarMenu(), "LARGEBUTTONS").checked);
-    EXPECT_TRUE(entry(thumbs()->toolbarMenu(), "BUTTONCAPTIONS").checked);
+    for (const char* key : {"LARGER", "PRINT", "NOSUCH"})
+        thumbs()->run(key);
+    EXPECT_EQ(changes, 0);
+    EXPECT_TRUE(entry("TOOLBAR").checked);
+    thumbs()->run("TOOLBAR");
+    EXPECT_FALSE(entry("TOOLBAR").checked);
 }
 
 } // namespace

@@ -11,14 +11,6 @@ protected:
     std::string kept(const char* key) { return control.settings->values[{Section, key}]; }
 };
 
-TEST_F(WindowSettings, Defaults) {
-    open(3);
-    EXPECT_EQ(thumbs()->itemSizeFactor(), 100);
-    EXPECT_TRUE(thumbs()->mnuPopToolbar);
-    EXPECT_TRUE(thumbs()->mnuPopup1LargeButtons);
-    EXPECT_FALSE(thumbs()->mnuPopup1ButtonCaptions);
-}
-
 TEST_F(WindowSettings, KeptFromRunToRun) {
     keep("mnuPopToolbar", "False");
     keep("mnuPopup1ButtonCaptions", "True");

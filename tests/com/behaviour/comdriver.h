@@ -55,7 +55,7 @@ public:
     std::vector<behaviour::ShownThumb> thumbs() override;
     std::string focus() override;
 
-    void hold(int modifiers) override;
+    void hold(int modifiers) override { held_ = modifiers; }
     void press(int keyCode, int modifiers) override;
     void type(const std::string& text) override;
     void click(int32_t x, int32_t y, behaviour::Mouse button) override;
@@ -116,7 +116,7 @@ private:
     /// Of a property: the host has it as the error of its own call, not as the control's last one.
     std::optional<behaviour::LastError> refusal_;
     HWND thumbs_ = nullptr; ///< while it was turned to
-    int held_ = 0;          ///< keys that stay pressed
+    int held_ = 0;          ///< keys that are down when a button is clicked
     int underWay_ = 0;      ///< calls that were started and have not returned
 };
 

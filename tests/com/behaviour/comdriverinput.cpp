@@ -108,9 +108,12 @@ void ComDriver::clickAt(const Find& find, Mouse button) {
         ADD_FAILURE() << "there is nothing to click";
         return;
     }
+    // A pointer that moves has Wine forget keys that nobody holds on the screen.
+    user::hold(held_, true);
     user::buttonDown(keyOf(button));
     ui_.settle();
     user::buttonUp(keyOf(button));
+    user::hold(held_, false);
     ui_.settle();
 }
 

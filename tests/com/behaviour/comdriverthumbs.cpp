@@ -31,13 +31,6 @@ std::pair<int32_t, int32_t> ComDriver::dialogPlace() {
     });
 }
 
-void ComDriver::hold(int modifiers) {
-    user::hold(held_, false);
-    user::hold(modifiers, true);
-    held_ = modifiers;
-    ui_.settle();
-}
-
 std::vector<ShownThumb> ComDriver::thumbs() {
     return ui_.on([this] {
         std::vector<ShownThumb> shown;

@@ -28,30 +28,24 @@ constexpr std::array<SystemColour, 10> HighContrast = {{{COLOR_WINDOW, Black},
                                                         {COLOR_HIGHLIGHT, RGB(128, 0, 128)},
                                                         {COLOR_WINDOWFRAME, White}}};
 
+/// The user's colours while it lives; every program's windows are told.
 class SystemColours {
 public:
     SystemColours() {
-        for (const SystemColour& each : HighContrast)
-            before_.push_back({each.which, GetSysColor(each.which)});
+        for (SystemColour& each : before_)
+            each.colour = GetSysColor(each.which);
     }
     ~SystemColours() { set(before_); }
     SystemColours(const SystemColours&) = delete;
     SystemColours& operator=(const SystemColours&) = delete;
 
-    /// Tells every program's windows.
-    template <typename Colours>
-    static void set(const Colours& colours) {
-        std::vector<INT> which;
-        std::vector<COLORREF> values;
-        for (const SystemColour& each : colours) {
-            which.push_back(each.which);
-            values.push_back(each.colour);
-        }
-        SetSysColors(static_cast<int>(which.size()), which.data(), values.data());
+    static void set(const std::array<SystemColour, 10>& colours) {
+        for (const SystemColour& each : colours)
+            SetSysColors(1, &each.which, &each.colour);
     }
 
 private:
-    std::vector<SystemColour> before_;
+    std::array<SystemColour, 10> before_ = HighContrast;
 };
 
 class FaceLook : public FaceTest {
