@@ -104,6 +104,27 @@ Whole toWhole(double value) {
     return static_cast<Whole>(rounded);
 }
 
+struct Capitals {
+    char32_t first;
+    char32_t last;
+    char32_t step;     ///< from one capital letter to the next
+    char32_t distance; ///< from a capital letter to its small one
+};
+
+/// Of letters whose small form takes as many bytes.
+constexpr Capitals KnownCapitals[] = {
+    {'A', 'Z', 1, 32},     {0xC0, 0xD6, 1, 32},   {0xD8, 0xDE, 1, 32},   {0x100, 0x12E, 2, 1},
+    {0x132, 0x136, 2, 1},  {0x139, 0x147, 2, 1},  {0x14A, 0x176, 2, 1},  {0x179, 0x17D, 2, 1},
+    {0x391, 0x3A1, 1, 32}, {0x3A3, 0x3AB, 1, 32}, {0x400, 0x40F, 1, 80}, {0x410, 0x42F, 1, 32},
+};
+
+char32_t smallLetter(char32_t character) {
+    for (const Capitals& each : KnownCapitals)
+        if (character >= each.first && character <= each.last && (character - each.first) % each.step == 0)
+            return character + each.distance;
+    return character;
+}
+
 } // namespace
 
 char32_t nextCharacter(std::string_view utf8, size_t& at) {
@@ -186,6 +207,21 @@ std::string upperCase(std::string_view text) {
     std::string result(text);
     std::transform(result.begin(), result.end(), result.begin(), upper);
     return result;
+}
+
+std::string foldCase(std::string_view text) {
+    std::string folded;
+    folded.reserve(text.size());
+    for (size_t at = 0; at < text.size();) {
+        const size_t begin = at;
+        const char32_t character = nextCharacter(text, at);
+        const char32_t small = smallLetter(character);
+        if (small == character)
+            folded += text.substr(begin, at - begin);
+        else
+            appendCharacter(folded, small);
+    }
+    return folded;
 }
 
 std::vector<std::string> split(std::string_view text, std::string_view separator) {

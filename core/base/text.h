@@ -35,6 +35,10 @@ std::string withoutBreaks(std::string_view text);
 /// ASCII letters only; other characters stay.
 std::string upperCase(std::string_view text);
 
+/// Without difference of case in Latin, Greek and Cyrillic letters; every character keeps its place in the
+/// text.
+std::string foldCase(std::string_view text);
+
 /// At every occurrence of the separator; an empty separator gives the whole text as one piece.
 std::vector<std::string> split(std::string_view text, std::string_view separator);
 

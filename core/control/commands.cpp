@@ -1,9 +1,10 @@
 #include "core/control/commands.h"
 
 #include "core/base/text.h"
-#include "core/dialogs/dlgabout.h"
-#include "core/dialogs/dlggotopage.h"
-#include "core/dialogs/dlglog.h"
+#include "core/windows/dlgabout.h"
+#include "core/windows/dlggotopage.h"
+#include "core/windows/dlglog.h"
+#include "core/windows/dlgsavepage.h"
 
 #include <algorithm>
 #include <array>
@@ -218,8 +219,9 @@ void Commands::savePage() {
     const int32_t document = parts_.session.currentDocument;
     const int16_t page = parts_.session.currentPage;
     parts_.procedure("imgSavePage").step([&] {
-        const auto path = parts_.ports.dialogs->askSavePath("document " + std::to_string(document) +
-                                                            " page " + std::to_string(page));
+        dlgSavePage dialog("document " + std::to_string(document) + " page " + std::to_string(page),
+                           *parts_.ports.settings);
+        const auto path = parts_.ports.dialogs->askSavePath(dialog);
         if (path && !parts_.ended() && parts_.isPageDisplayed())
             parts_.ports.pageWriter->write(parts_.lvrImage.raster(), *path);
     });
@@ -227,7 +229,7 @@ void Commands::savePage() {
 
 void Commands::imageInfo() {
     parts_.procedure("mnuPopupImageInfo_Click").step([this] {
-        dlgAbout dialog(parts_.ports.messageBox.get());
+        dlgAbout dialog(parts_.ports.messageBox.get(), *parts_.ports.clipboard);
         dialog.setERRR(parts_.errors);
         dialog.ShowImageInfo(parts_.isPageDisplayed() ? &parts_.lvrImage.raster() : nullptr,
                              std::to_string(parts_.session.currentDocument));
@@ -237,7 +239,7 @@ void Commands::imageInfo() {
 
 void Commands::about() {
     parts_.procedure("mnuPopupAbout_Click").step([this] {
-        dlgAbout dialog(parts_.ports.messageBox.get());
+        dlgAbout dialog(parts_.ports.messageBox.get(), *parts_.ports.clipboard);
         parts_.ports.dialogs->showModal(dialog);
     });
 }
@@ -270,8 +272,7 @@ void Commands::tellDebugging(const char* keys) {
 }
 
 void Commands::showLog() {
-    dlgLog dialog(parts_.log.LogPath());
-    dialog.refresh();
+    dlgLog dialog(parts_.log.LogPath(), *parts_.ports.settings, *parts_.ports.clipboard);
     parts_.ports.dialogs->showModal(dialog);
 }
 

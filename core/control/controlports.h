@@ -11,7 +11,6 @@
 #include "core/platform/messagebox.h"
 #include "core/platform/pagewriter.h"
 #include "core/platform/printers.h"
-#include "core/platform/printwindows.h"
 #include "core/platform/scratchfolder.h"
 #include "core/platform/settingsstore.h"
 #include "core/platform/thumbnailhost.h"
@@ -41,7 +40,6 @@ struct ControlPorts {
     std::shared_ptr<PageWriter> pageWriter;
     std::shared_ptr<ThumbnailHost> thumbnailHost; ///< may be missing: then there are no thumbnails
     std::shared_ptr<Printers> printers;           ///< may be missing: then nothing can be printed
-    std::shared_ptr<PrintWindows> printWindows;   ///< may be missing: then the user cannot print
 };
 
 } // namespace pixmo

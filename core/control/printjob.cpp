@@ -2,6 +2,7 @@
 
 #include "core/base/text.h"
 #include "core/diag/settings.h"
+#include "core/printing/dlgpreview.h"
 #include "core/printing/dlgprint.h"
 #include "core/printing/pageprinter.h"
 #include "core/printing/printpreview.h"
@@ -53,7 +54,7 @@ private:
 
 PrintJob::PrintJob(ControlParts& parts, Session& session, Commands& commands)
     : parts_(parts), session_(session) {
-    commands.canPrint = parts_.ports.printers && parts_.ports.printWindows;
+    commands.canPrint = parts_.ports.printers != nullptr;
 }
 
 PrintJob::~PrintJob() = default;
@@ -75,7 +76,7 @@ void PrintJob::imgPrintCurrentOnly() {
 }
 
 void PrintJob::imgPrintPages() {
-    if (!isPossible() || !parts_.ports.printWindows)
+    if (!isPossible())
         return;
     document_ = parts_.session.currentDocument;
     parts_.procedure("imgPrintPages").step([this] {
@@ -95,8 +96,8 @@ PrintJob::Choice PrintJob::askUser() {
         return Choice{dialog.PrintPages(), dialog.PrintScale(), dialog.Copies()};
     };
     dialog.PreviewRequested.connect([&] { showPreview(choice()); });
-    const auto windows = parts_.ports.printWindows;
-    windows->showModal(dialog);
+    const auto dialogs = parts_.ports.dialogs;
+    dialogs->showModal(dialog);
     return dialog.Cancelled() ? Choice() : choice();
 }
 
@@ -321,8 +322,9 @@ void PrintJob::showPreview(const Choice& choice) {
     PrintPreview preview(parts_.errors, *parts_.ports.messageBox, *parts_.ports.printers, *this,
                          requestOf(choice));
     preview.Closed.connect([this] { cancelled_ = true; });
-    const auto windows = parts_.ports.printWindows;
-    windows->showModal(preview);
+    const auto dialogs = parts_.ports.dialogs;
+    dlgPreview dialog(preview, *parts_.ports.timers);
+    dialogs->showModal(dialog);
 }
 
 Raster PrintJob::printedPage(int16_t page) {

@@ -2,26 +2,22 @@
 
 #include <filesystem>
 #include <optional>
-#include <string>
 
 namespace pixmo {
 
-class dlgAbout;
-class dlgGotoPage;
-class dlgLog;
+class Dialog;
+class dlgSavePage;
 
-/// Port: shows the windows whose state the core holds. The modal ones return when the window is closed and
-/// may run other events of the thread meanwhile.
+/// Port: shows the windows that the core describes, and the system's own.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    virtual void showModal(dlgGotoPage& dialog) = 0;
-    virtual void showModal(dlgAbout& dialog) = 0;
-    virtual void showModal(dlgLog& dialog) = 0;
-    /// Where to save a page, under which name; none when the user cancelled. The ending tells the format:
-    /// ".png", else TIFF.
-    virtual std::optional<std::filesystem::path> askSavePath(const std::string& suggestedName) = 0;
+    /// Returns when the window is closed; other events of the thread may be handled meanwhile. A window that
+    /// cannot be shown, or whose face ends, is cancelled.
+    virtual void showModal(Dialog& dialog) = 0;
+    /// The system's window that asks where to save; none when the user cancelled.
+    virtual std::optional<std::filesystem::path> askSavePath(dlgSavePage& dialog) = 0;
 };
 
 } // namespace pixmo

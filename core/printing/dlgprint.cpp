@@ -20,6 +20,7 @@ dlgPrint::dlgPrint(cErrObject& errors, MessageBox& messageBox, SettingsStore& se
     scope_->sourcePrefix = "dlgPrint.";
     scope_->errorObject = &errors;
     scope_->messageBox = &messageBox;
+    setFocus("cmdPrint");
 }
 
 void dlgPrint::setPageCount(int16_t count) {
@@ -111,7 +112,6 @@ void dlgPrint::lstSelectedPages_Click(int16_t page, bool selected) {
         selected_[static_cast<size_t>(page)] = selected;
 }
 
-// A text that is no number of copies stays as it is typed; the number of before counts.
 void dlgPrint::txtFromPage_Change(const std::string& text) {
     fromPage_ = text;
     if (printType_ != PageRange)
@@ -124,6 +124,7 @@ void dlgPrint::txtToPage_Change(const std::string& text) {
         optPrintType_Click(PageRange);
 }
 
+// A text that is no number of copies stays as it is typed; the number of before counts.
 void dlgPrint::txtPrntCopies_Change(const std::string& text) {
     procedure("txtPrntCopies_Change").step([&] {
         copiesText_ = text;
@@ -194,16 +195,14 @@ void dlgPrint::cmdPrint_Click() {
             return;
         }
         cancelled_ = false;
-        open_ = false;
-        Changed.raise();
+        close();
     });
 }
 
 void dlgPrint::cmdCancel_Click() {
     procedure("cmdCancel_Click").step([this] {
         cancelled_ = true;
-        open_ = false;
-        Changed.raise();
+        close();
     });
 }
 

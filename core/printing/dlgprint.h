@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/base/event.h"
 #include "core/diag/procedure.h"
+#include "core/platform/dialog.h"
 #include "core/platform/settingsstore.h"
 #include "core/printing/cprinter.h"
 
@@ -17,16 +17,16 @@ enum PrintRange : int16_t { AllPages = 0, CurrentPage = 1, SelectedPages = 2, Pa
 /// Index of the print size options.
 enum PrintScale : int16_t { FitToPage = 0, FullSize = 1, CurrentView = 2 };
 
-/// Asks what to print and how. A face mirrors the state after every Changed and forwards what the user
-/// does; it closes the window when isOpen() says so. `cmdPrint` is the default, `cmdCancel` takes Escape.
-class dlgPrint {
+/// Asks what to print and how.
+class dlgPrint : public Dialog {
 public:
     static constexpr int32_t MostCopies = 999;
 
     /// All outlive the dialog.
     dlgPrint(cErrObject& errors, MessageBox& messageBox, SettingsStore& settings);
-    dlgPrint(const dlgPrint&) = delete;
-    dlgPrint& operator=(const dlgPrint&) = delete;
+
+    DialogDescription describe() override;
+    void cancel() override { cmdCancel_Click(); }
 
     static const char* Caption() { return "Print Document"; }
 
@@ -67,9 +67,8 @@ public:
     bool isMoreShown() const { return moreShown_; }
     /// Names what a click will do.
     const char* cmdOptionsCaption() const { return moreShown_ ? "Less Options" : "More Options"; }
-    bool isOpen() const { return open_; }
 
-    /// The face has made the window.
+    /// Before the window is shown.
     void Form_Load();
     void InitPageList();
     void ShowMore(bool show);
@@ -87,12 +86,19 @@ public:
     void cmdOptions_Click() { ShowMore(!moreShown_); }
     void cmdPreview_Click();
 
-    Event<> Changed;
     /// With the choices as they stand, in PrintPages and PrintScale.
     Event<> PreviewRequested;
 
 private:
     Procedure procedure(const char* name) const { return {scope_, name, Buttons::RetryCancel}; }
+    DialogPart printer();
+    DialogPart buttons();
+    DialogPart range();
+    DialogPart pages();
+    DialogPart sizes();
+    DialogPart copies();
+    DialogPart rangeOption(int16_t range, const char* text);
+    DialogPart sizeOption(int16_t scale, const char* text);
     std::vector<int16_t> chosenPages() const;
     std::vector<int16_t> pagesOfRange() const;
     static std::vector<int16_t> pagesFromTo(int16_t first, int16_t last);
@@ -115,7 +121,6 @@ private:
     std::string copiesText_ = "1";
     int32_t copies_ = 1;
     bool moreShown_ = false;
-    bool open_ = true;
     bool cancelled_ = true;
     std::string printerName_;
     std::vector<int16_t> printPages_;

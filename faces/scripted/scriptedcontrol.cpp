@@ -26,9 +26,8 @@ void ScriptedControl::destroy() {
 }
 
 ControlPorts ScriptedControl::ports() const {
-    return {messageBox, eventLoop,  timers,        reader,      settings,    identity,
-            clock,      scratch,    container,     viewSurface, decoder,     dialogs,
-            clipboard,  pageWriter, thumbnailHost, printers,    printWindows};
+    return {messageBox, eventLoop,   timers,  reader,  settings,  identity,   clock,         scratch,
+            container,  viewSurface, decoder, dialogs, clipboard, pageWriter, thumbnailHost, printers};
 }
 
 std::string ScriptedControl::encipher(const std::string& plain) const {

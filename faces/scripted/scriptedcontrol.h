@@ -45,7 +45,6 @@ public:
     std::shared_ptr<PageWriter> pageWriter = std::make_shared<PageWriter>();
     std::shared_ptr<ThumbnailHost> thumbnailHost = std::make_shared<ThumbnailHost>();
     std::shared_ptr<Printers> printers = std::make_shared<Printers>();
-    std::shared_ptr<PrintWindows> printWindows = std::make_shared<PrintWindows>();
     std::shared_ptr<ImageView> view;
 
     ControlPorts ports() const;

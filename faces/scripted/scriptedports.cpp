@@ -2,10 +2,9 @@
 
 #include "core/base/error.h"
 #include "core/base/files.h"
-#include "core/dialogs/dlgabout.h"
-#include "core/dialogs/dlggotopage.h"
-#include "core/dialogs/dlglog.h"
 #include "core/thumbs/dlgthumbs.h"
+#include "core/windows/dlgsavepage.h"
+#include "faces/scripted/dialoguser.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -145,23 +144,16 @@ Raster PageDecoder::decode(std::span<const uint8_t> bytes) const {
     return raster;
 }
 
-void Dialogs::showModal(dlgGotoPage& dialog) {
-    shown.push_back("goto " + dialog.txtPageNumber());
-    if (onGoto)
-        onGoto(dialog);
+void Dialogs::showModal(Dialog& dialog) {
+    shown.push_back(DialogUser(dialog).texts());
+    if (const auto act = acts_.find(typeid(dialog)); act != acts_.end())
+        act->second(dialog);
+    if (dialog.isOpen())
+        dialog.cancel();
 }
 
-void Dialogs::showModal(dlgAbout& dialog) {
-    shown.push_back(dialog.Caption() + ": " +
-                    (dialog.isImageInformation() ? dialog.lblInformation() : dialog.lblVersion()));
-}
-
-void Dialogs::showModal(dlgLog& dialog) {
-    shown.push_back("log: " + dialog.text());
-}
-
-std::optional<fs::path> Dialogs::askSavePath(const std::string& suggestedName) {
-    shown.push_back("save: " + suggestedName);
+std::optional<fs::path> Dialogs::askSavePath(dlgSavePage& dialog) {
+    shown.push_back(std::string(dlgSavePage::Caption()) + ": " + dialog.suggestedFile());
     return savePath;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/control/controlports.h"
+#include "core/platform/dialog.h"
 #include "core/platform/propertybag.h"
 
 #include <cstdint>
@@ -11,6 +12,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <typeindex>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -194,24 +197,32 @@ public:
     mutable int decoded = 0;
 };
 
-/// Records what is shown; `onGoto` and the others act as the user in the window.
+/// Records what is shown and cancels it when the user of the test does nothing else.
 class Dialogs : public pixmo::Dialogs {
 public:
-    void showModal(dlgGotoPage& dialog) override;
-    void showModal(dlgAbout& dialog) override;
-    void showModal(dlgLog& dialog) override;
-    std::optional<std::filesystem::path> askSavePath(const std::string& suggestedName) override;
+    void showModal(Dialog& dialog) override;
+    std::optional<std::filesystem::path> askSavePath(dlgSavePage& dialog) override;
 
-    std::vector<std::string> shown; ///< captions and texts
-    std::function<void(dlgGotoPage&)> onGoto;
+    /// What the user does in each window of that kind.
+    template <typename Window>
+    void when(std::function<void(Window&)> act) {
+        acts_[typeid(Window)] = [act](Dialog& dialog) { act(static_cast<Window&>(dialog)); };
+    }
+
+    std::vector<std::string> shown; ///< title and texts of each
     std::optional<std::filesystem::path> savePath;
+
+private:
+    std::map<std::type_index, std::function<void(Dialog&)>> acts_;
 };
 
 class Clipboard : public pixmo::Clipboard {
 public:
     void setPicture(const Raster& picture) override { pictures.push_back(picture); }
+    void setText(const std::string& text) override { texts.push_back(text); }
 
     std::vector<Raster> pictures;
+    std::vector<std::string> texts;
 };
 
 class PageWriter : public pixmo::PageWriter {

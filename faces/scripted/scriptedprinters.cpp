@@ -111,15 +111,4 @@ Raster PrintClient::printedPage(int16_t page) {
     return given;
 }
 
-void PrintWindows::showModal(dlgPrint& dialog) {
-    ++dialogsShown;
-    if (onPrint)
-        onPrint(dialog);
-}
-
-void PrintWindows::showModal(PrintPreview& preview) {
-    if (onPreview)
-        onPreview(preview);
-}
-
 } // namespace pixmo::scripted

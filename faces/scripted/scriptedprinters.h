@@ -1,7 +1,6 @@
 #pragma once
 
 #include "core/platform/printers.h"
-#include "core/platform/printwindows.h"
 #include "core/printing/printclient.h"
 
 #include <functional>
@@ -91,17 +90,6 @@ public:
     int steps = 1000;                         ///< then the job is cancelled
     std::vector<std::string> statuses;
     std::vector<std::string> log;
-};
-
-/// Acts as the user in the windows.
-class PrintWindows : public pixmo::PrintWindows {
-public:
-    void showModal(dlgPrint& dialog) override;
-    void showModal(PrintPreview& preview) override;
-
-    std::function<void(dlgPrint&)> onPrint;
-    std::function<void(PrintPreview&)> onPreview;
-    int dialogsShown = 0;
 };
 
 } // namespace pixmo::scripted

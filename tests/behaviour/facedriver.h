@@ -25,6 +25,7 @@ inline constexpr int Left = 0x25;
 inline constexpr int Up = 0x26;
 inline constexpr int Right = 0x27;
 inline constexpr int Down = 0x28;
+inline constexpr int F3 = 0x72;
 inline constexpr int F5 = 0x74;
 } // namespace key
 
@@ -100,6 +101,13 @@ struct Picture {
         return pixels[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
     }
     bool operator==(const Picture&) const = default;
+};
+
+/// A field of a dialog.
+struct ShownField {
+    bool visible = false;
+    bool enabled = false;
+    bool chosen = false; ///< an option
 };
 
 struct LastError {
@@ -216,16 +224,24 @@ public:
     /// nothing is done, while no box stands. It is looked at and answered in one look: the next one may show
     /// the same.
     virtual std::optional<ShownBox> answer(const std::vector<std::string>& buttons) = 0;
-    /// "dlgGotoPage", "dlgAbout" (image information too), "dlgLog", "dlgPrint", "dlgThumbs".
+    /// "dlgGotoPage", "dlgAbout" (image information too), "dlgLog", "dlgPrint", "dlgPreview",
+    /// "dlgThumbs".
     virtual std::string dialog() = 0;
     virtual std::string dialogTitle() = 0;
     /// Its upper left corner on the screen.
     virtual std::pair<int32_t, int32_t> dialogPlace() = 0;
-    /// Of "lblPageNumber", "txtPageNumber", "lblVersion", "lblDescription", "lblInformation", "txtLog";
-    /// lines end in LF.
+    /// Fields of dialogs go by their names in the core; lines end in LF.
     virtual std::string dialogText(const std::string& field) = 0;
     /// What is selected in it.
     virtual std::string selectedText(const std::string& field) = 0;
+    /// By its name, a button or an option by its text without mnemonic; not visible: there is none.
+    virtual ShownField dialogField(const std::string& field) = 0;
+    virtual void clickDialogField(const std::string& field) = 0;
+    /// Of its window, device-independent pixels.
+    virtual std::pair<int32_t, int32_t> dialogSize() = 0;
+    virtual void resizeDialog(int32_t width, int32_t height) = 0;
+    /// Lines end in LF.
+    virtual std::string clipboardText() = 0;
     /// As if pasted.
     virtual void setDialogText(const std::string& field, const std::string& text) = 0;
     /// By its text without mnemonic; "" closes the window by its frame.

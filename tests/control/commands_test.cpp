@@ -169,11 +169,13 @@ TEST_F(CommandsTest, InformationCopyAndSave) {
     open();
     view().runCommand("IMAGEINFO");
     view().runCommand("ABOUT");
-    EXPECT_THAT(control.dialogs->shown,
-                ElementsAre("Image Information: No image displayed.",
-                            "Image Information: Image Size: 8.50\" x 11.00\"\r\nImage pixels: 2550 x 3300\r\n"
-                            "Resolution: 300 x 300 dpi\r\nColor Depth: 1 bit per pixel\r\nDocID: 5",
-                            "About Pixmo: Version 1.0.0"));
+    EXPECT_THAT(
+        control.dialogs->shown,
+        ElementsAre("Image Information: No image displayed.",
+                    "Image Information: Image Size: 8.50\" x 11.00\"\r\nImage pixels: 2550 x 3300\r\n"
+                    "Resolution: 300 x 300 dpi\r\nColor Depth: 1 bit per pixel\r\nDocID: 5",
+                    "About Pixmo: Pixmo; Version 1.0.0; This internet enabled image viewer is part of "
+                    "the Vellane document imaging system."));
     view().runCommand("ROTL");
     EXPECT_TRUE(press('C', 2));
     ASSERT_EQ(control.clipboard->pictures.size(), 1U);
@@ -183,7 +185,7 @@ TEST_F(CommandsTest, InformationCopyAndSave) {
     control.dialogs->savePath = "x.tif";
     view().runCommand("SAVEPAGE");
     EXPECT_THAT(control.pageWriter->written, ElementsAre("x.tif 3300x2550"));
-    EXPECT_EQ(control.dialogs->shown.back(), "save: document 5 page 2");
+    EXPECT_EQ(control.dialogs->shown.back(), "Save Page As: document 5 page 2.tif");
     control.container->filesAllowed = false;
     EXPECT_FALSE(view().commands().isOffered("SAVEPAGE"));
     EXPECT_FALSE(view().commands().isEnabled("SAVEPAGE"));

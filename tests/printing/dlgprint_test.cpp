@@ -1,4 +1,5 @@
 #include "core/printing/dlgprint.h"
+#include "faces/scripted/dialoguser.h"
 #include "faces/scripted/scriptedports.h"
 #include "faces/scripted/scriptedprinters.h"
 
@@ -157,6 +158,41 @@ TEST_F(PrintDialog, MoreOptionsAreRemembered) {
     settings.values[{"dlgPrint", "ShowMore"}] = "maybe";
     next.Form_Load();
     EXPECT_FALSE(next.isMoreShown());
+}
+
+TEST_F(PrintDialog, ItsFieldsDoWhatTheySay) {
+    const scripted::DialogUser user(dialog);
+    EXPECT_EQ(dialog.takeFocus(), "cmdPrint");
+    EXPECT_EQ(user.text("lblPrinterName"), "Front Office");
+    EXPECT_FALSE(user.isVisible("Page Range"));
+    user.click("More Options");
+    EXPECT_TRUE(user.isVisible("Page Range"));
+    const char* const ranges[] = {"&All Pages", "C&urrent Page", "&Selected Pages", "Page"};
+    const char* const sizes[] = {"&Fit to Page", "Print Full &Size (100%)", "Print &Current View Only"};
+    for (int16_t index = 0; index < 4; ++index) {
+        user.click(ranges[index]);
+        EXPECT_EQ(dialog.optPrintType(), index);
+        EXPECT_TRUE(user.isChosen(ranges[index]));
+        EXPECT_EQ(user.isVisible("lstSelectedPages"), index == SelectedPages);
+    }
+    user.click("C&urrent Page");
+    for (int16_t index = 0; index < 3; ++index) {
+        user.click(sizes[index]);
+        EXPECT_EQ(dialog.optImageScale(), index);
+        EXPECT_TRUE(user.isChosen(sizes[index]));
+    }
+    const DialogPart& list = user.find("lstSelectedPages");
+    EXPECT_EQ(list.entries.size(), 9U);
+    list.select(6, true);
+    EXPECT_TRUE(list.isSelected(6));
+    EXPECT_TRUE(dialog.isPageSelected(7));
+    user.type("txtPrntCopies", "12");
+    EXPECT_EQ(dialog.Copies(), 12);
+    user.type("txtFromPage", "3");
+    EXPECT_EQ(user.text("txtFromPage"), "3");
+    user.type("txtToPage", "4");
+    user.click("&Print");
+    EXPECT_THAT(dialog.PrintPages(), ElementsAre(4)) << "the view is the current page's, Cancel says";
 }
 
 TEST_F(PrintDialog, ChoosesThePrinter) {

@@ -1,5 +1,6 @@
+#include "core/printing/dlgpreview.h"
 #include "core/printing/dlgprint.h"
-#include "core/printing/printpreview.h"
+#include "faces/scripted/dialoguser.h"
 #include "tests/control/logreader.h"
 
 #include <gmock/gmock.h>
@@ -55,10 +56,10 @@ protected:
         };
     }
     void printInDialog(const std::function<void(dlgPrint&)>& act) {
-        control.printWindows->onPrint = [act](dlgPrint& dialog) {
+        control.dialogs->when<dlgPrint>([act](dlgPrint& dialog) {
             act(dialog);
             dialog.cmdPrint_Click();
-        };
+        });
         view().runCommand("PRINT");
     }
     void printAllPages() {
@@ -82,7 +83,7 @@ protected:
 TEST_F(PrintJobTest, QuickPrintPrintsTheCurrentPage) {
     LogReader log(control);
     view().runCommand("QUICKPRINT");
-    EXPECT_EQ(control.printWindows->dialogsShown, 0);
+    EXPECT_THAT(control.dialogs->shown, IsEmpty());
     EXPECT_THAT(happened, ElementsAre("begin 1 5", "beginEX 1 2 5", "finish 1 5"));
     EXPECT_EQ(drawn().front(), "document Document 5");
     EXPECT_EQ(sheets(), 1);
@@ -189,16 +190,16 @@ TEST_F(PrintJobTest, TheCurrentViewIsTheOneOfTheMomentOfPrinting) {
 }
 
 TEST_F(PrintJobTest, OneJobAtATime) {
-    control.printWindows->onPrint = [this](dlgPrint& dialog) {
+    control.dialogs->when<dlgPrint>([this](dlgPrint& dialog) {
         view().runCommand("PRINT");
         view().runCommand("QUICKPRINT");
         EXPECT_EQ(view().printJob().print({{2}}), 0);
         dialog.cmdPrint_Click();
-    };
+    });
     view().events().PrintJobFinish.connect(
         [this](int16_t, const std::string&) { EXPECT_EQ(view().printJob().print({{2}}), 0); });
     view().runCommand("PRINT");
-    EXPECT_EQ(control.printWindows->dialogsShown, 1);
+    EXPECT_EQ(control.dialogs->shown.size(), 1U);
     EXPECT_EQ(sheets(), 1);
     EXPECT_EQ(happened.back(), "finish 1 5");
     happened.clear();
@@ -208,25 +209,27 @@ TEST_F(PrintJobTest, OneJobAtATime) {
 
 TEST_F(PrintJobTest, ThePreviewFetchesAndGivesUpWhenItIsClosed) {
     const auto previewOf = [&](const char* page, bool closes) {
-        int32_t result = -1;
-        control.printWindows->onPreview = [&, closes](PrintPreview& preview) {
+        scripted::SheetCanvas canvas(
+            [this] { return std::make_unique<scripted::PrinterDevice>(control.printers->script); });
+        control.dialogs->when<dlgPreview>([&, closes](dlgPreview& dialog) {
             if (closes)
-                control.eventLoop->post([&preview] { preview.close(); });
-            result = preview.draw(0, std::make_unique<scripted::PrinterDevice>(control.printers->script));
-        };
-        control.printWindows->onPrint = [page](dlgPrint& dialog) {
+                control.eventLoop->post([&dialog] { dialog.cancel(); });
+            dialog.canvasResized(&canvas, {600, 800});
+            control.timers->fireRunning();
+        });
+        control.dialogs->when<dlgPrint>([page](dlgPrint& dialog) {
             dialog.optPrintType_Click(PageRange);
             dialog.txtFromPage_Change(page);
             dialog.txtToPage_Change(page);
             dialog.cmdPreview_Click();
-        };
+        });
         view().runCommand("PRINT");
-        return result;
+        return canvas.seen;
     };
-    EXPECT_EQ(previewOf("4", true), error_number::InvalidPicture);
+    EXPECT_THAT(previewOf("4", true), ElementsAre("new 600x776"));
     EXPECT_FALSE(control.eventLoop->ranDry);
     servePages();
-    EXPECT_EQ(previewOf("6", false), 0);
+    EXPECT_THAT(previewOf("6", false), ElementsAre("new 600x776", "shown"));
     EXPECT_THAT(drawn(), Contains(HasSubstr("bits 100x200")));
     EXPECT_THAT(happened, IsEmpty());
 }

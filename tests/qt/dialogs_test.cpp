@@ -1,16 +1,10 @@
 #include "core/control/imageview.h"
 #include "faces/qt/widget/imageviewprivate.h"
-#include "faces/qt/windows/aboutdialog.h"
-#include "faces/qt/windows/logdialog.h"
 #include "faces/qt/windows/savepagedialog.h"
 #include "tests/qt/viewfixture.h"
 
 #include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QScrollBar>
 #include <QTemporaryDir>
 #include <functional>
 
@@ -42,63 +36,7 @@ protected:
         control()->runCommand(command);
         EXPECT_TRUE(opened) << command;
     }
-
-    static QPushButton* button(const QWidget& dialog, const QString& text) {
-        for (auto* const each : dialog.findChildren<QPushButton*>())
-            if (each->text().remove(QLatin1Char('&')) == text)
-                return each;
-        return nullptr;
-    }
 };
-
-TEST_F(Windows, ImageInformationCanBeCopied) {
-    open();
-    inWindow<AboutDialog>("IMAGEINFO", [](AboutDialog& dialog) {
-        keepPicture(dialog, QStringLiteral("imageinfo"));
-        QTest::mouseClick(button(dialog, QStringLiteral("Copy")), Qt::LeftButton);
-        EXPECT_TRUE(
-            QApplication::clipboard()->text().startsWith(QStringLiteral("Image Size: 8.50\" x 11.00\"\n")));
-        EXPECT_TRUE(dialog.isVisible());
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-}
-
-TEST_F(Windows, LogWithSearch) {
-    const QTemporaryDir folder;
-    view->setLogFileName(folder.filePath(QStringLiteral("pixmo.log")));
-    view->setMinLogLevel(4);
-    open();
-    inWindow<LogDialog>("SHOWLOG", [&](LogDialog& dialog) {
-        auto* const text = dialog.findChild<QPlainTextEdit*>();
-        auto* const search = dialog.findChild<QLineEdit*>();
-        ASSERT_TRUE(text->toPlainText().contains(QStringLiteral("LoadDocumentByDocID - 1001")));
-        EXPECT_TRUE(text->isReadOnly());
-        EXPECT_EQ(text->verticalScrollBar()->value(), text->verticalScrollBar()->maximum());
-        EXPECT_TRUE(dialog.findChild<QLabel*>()->text().endsWith(QStringLiteral("pixmo.log")));
-        QTest::keyClicks(search, QStringLiteral("loaddocumentbydocid"));
-        QTest::keyClick(search, Qt::Key_Return);
-        EXPECT_TRUE(dialog.isVisible()) << "Enter searches";
-        EXPECT_EQ(text->textCursor().selectedText().toLower(), QStringLiteral("loaddocumentbydocid"))
-            << "from the end round to the beginning";
-        keepPicture(dialog, QStringLiteral("log"));
-        const int first = text->textCursor().position();
-        QTest::keyClick(search, Qt::Key_F3, Qt::ShiftModifier);
-        EXPECT_GE(text->textCursor().position(), first);
-        QTest::mouseClick(button(dialog, QStringLiteral("Copy")), Qt::LeftButton);
-        EXPECT_EQ(QApplication::clipboard()->text().toLower(), QStringLiteral("loaddocumentbydocid"));
-        search->setText(QStringLiteral("nowhere to be found"));
-        QTest::mouseClick(button(dialog, QStringLiteral("Next")), Qt::LeftButton);
-        EXPECT_EQ(button(dialog, QStringLiteral("Next"))->isDefault(), true);
-        dialog.resize(700, 420);
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    inWindow<LogDialog>("SHOWLOG", [&](LogDialog& dialog) {
-        EXPECT_EQ(dialog.size(), QSize(700, 420));
-        QTest::mouseClick(button(dialog, QStringLiteral("Close")), Qt::LeftButton);
-    });
-    // The log belongs to the process.
-    view->setLogFileName({});
-}
 
 TEST_F(Windows, SavesThePageWhereAndAsTheUserSays) {
     const QTemporaryDir folder;

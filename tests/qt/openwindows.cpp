@@ -1,9 +1,6 @@
 #include "tests/qt/openwindows.h"
 
-#include "faces/qt/printing/printdialog.h"
-#include "faces/qt/windows/aboutdialog.h"
-#include "faces/qt/windows/gotodialog.h"
-#include "faces/qt/windows/logdialog.h"
+#include "faces/qt/windows/dialogwindow.h"
 #include "faces/qt/windows/thumbswindow.h"
 
 #include <QAbstractButton>
@@ -48,14 +45,8 @@ QWidget* standingDialog() {
 }
 
 std::string dialogName(const QWidget& window) {
-    if (dynamic_cast<const GotoDialog*>(&window))
-        return "dlgGotoPage";
-    if (dynamic_cast<const AboutDialog*>(&window))
-        return "dlgAbout";
-    if (dynamic_cast<const LogDialog*>(&window))
-        return "dlgLog";
-    if (dynamic_cast<const PrintDialog*>(&window))
-        return "dlgPrint";
+    if (dynamic_cast<const DialogWindow*>(&window))
+        return window.objectName().toStdString();
     return dynamic_cast<const ThumbsWindow*>(&window) ? "dlgThumbs" : "";
 }
 
@@ -88,6 +79,11 @@ QAbstractButton* buttonOf(const QWidget& window, const std::string& text) {
         if (button->isVisible() && plain(button->text()).toStdString() == text)
             return button;
     return nullptr;
+}
+
+QWidget* fieldOf(const QWidget& window, const std::string& field) {
+    auto* const named = window.findChild<QWidget*>(QString::fromStdString(field));
+    return named ? named : buttonOf(window, field);
 }
 
 std::string textOf(const QWidget& window, const std::string& field) {

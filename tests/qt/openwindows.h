@@ -26,6 +26,8 @@ std::vector<behaviour::ShownEntry> look(const QMenu& menu);
 /// The button of that text without its mnemonic; nullptr when there is none.
 QAbstractButton* buttonOf(const QWidget& window, const std::string& text);
 /// The text of the field of that name; fails the test when there is none.
+/// By its name; a button by its text.
+QWidget* fieldOf(const QWidget& window, const std::string& field);
 std::string textOf(const QWidget& window, const std::string& field);
 
 } // namespace pixmo::qt

@@ -1,6 +1,6 @@
 #include "core/printing/dlgprint.h"
 #include "core/printing/printpreview.h"
-#include "faces/qt/printing/previewdialog.h"
+#include "faces/qt/printing/previewdevice.h"
 #include "tests/qt/pdffile.h"
 #include "tests/qt/printfixture.h"
 
@@ -212,6 +212,13 @@ Raster sprinkled(int32_t width, int32_t height, double resolution) {
     return raster;
 }
 
+/// As the preview shows it; null when it cannot be drawn.
+QImage sheetOf(PrintPreview& preview, int32_t number, Size size) {
+    const auto sheet = PreviewDevice::makeSheet(size);
+    const bool drawn = preview.draw(number, std::make_unique<PreviewDevice>(*preview.printer(), sheet)) == 0;
+    return drawn ? *sheet : QImage();
+}
+
 // Where no pixel has to be made of several, page, preview and print are the same to the bit, though one
 // program draws the preview and another one the print.
 TEST_F(PrintedFile, InItsOwnResolutionAPageIsTheSameInPreviewAndPrint) {
@@ -220,7 +227,7 @@ TEST_F(PrintedFile, InItsOwnResolutionAPageIsTheSameInPreviewAndPrint) {
     request.paperSize = Letter;
     ASSERT_EQ(print().pagesQueued, 1);
     PrintPreview preview(errors, box, printers, client, request);
-    const QImage shown = PreviewDialog::sheet(preview, 0, 1100).convertToFormat(QImage::Format_Grayscale8);
+    const QImage shown = sheetOf(preview, 0, {850, 1100}).convertToFormat(QImage::Format_Grayscale8);
     const QImage printed = file.pageToTheBit(1, 100);
     ASSERT_EQ(shown.size(), QSize(850, 1100));
     EXPECT_EQ(shown, printed);
@@ -255,7 +262,7 @@ TEST_F(PrintedFile, ThePreviewShowsWhatIsPrinted) {
     ASSERT_EQ(preview.sheetCount(), 3);
     for (int sheet = 0; sheet < 3; ++sheet) {
         SCOPED_TRACE(sheet);
-        const QImage shown = PreviewDialog::sheet(preview, sheet, 1100);
+        const QImage shown = sheetOf(preview, sheet, {850, 1100});
         const QImage printed = file.pageOfHeight(sheet + 1, 1100);
         ASSERT_EQ(shown.size(), printed.size());
         const QRect shownInk = inkBox(shown);

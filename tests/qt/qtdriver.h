@@ -75,6 +75,11 @@ public:
     std::pair<int32_t, int32_t> dialogPlace() override;
     std::string dialogText(const std::string& field) override;
     std::string selectedText(const std::string& field) override;
+    behaviour::ShownField dialogField(const std::string& field) override;
+    void clickDialogField(const std::string& field) override;
+    std::pair<int32_t, int32_t> dialogSize() override;
+    void resizeDialog(int32_t width, int32_t height) override;
+    std::string clipboardText() override;
     void setDialogText(const std::string& field, const std::string& text) override;
     void pressDialogButton(const std::string& button) override;
 

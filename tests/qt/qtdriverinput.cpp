@@ -5,12 +5,15 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAction>
+#include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QStyleHints>
 #include <QToolBar>
 #include <gtest/gtest.h>
@@ -34,7 +37,11 @@ QAbstractButton* firstButtonOf(const QWidget& window, const std::vector<std::str
 std::optional<QPoint> QtDriver::placeOf(const QWidget* widget) {
     if (!widget || !widget->isVisible())
         return std::nullopt;
-    return widget->mapToGlobal(widget->rect().center());
+    QPoint place = widget->rect().center();
+    // An option answers where its text is, which begins at its left end.
+    if (qobject_cast<const QRadioButton*>(widget))
+        place.setX(place.y());
+    return widget->mapToGlobal(place);
 }
 
 QPoint QtDriver::onPage(int32_t x, int32_t y) const {
@@ -194,11 +201,46 @@ std::string QtDriver::dialogText(const std::string& field) {
 std::string QtDriver::selectedText(const std::string& field) {
     return onUi([&] {
         const QWidget* const window = standingDialog();
-        const auto* const edit =
-            window ? window->findChild<QLineEdit*>(QString::fromStdString(field)) : nullptr;
-        EXPECT_TRUE(edit) << "no field " << field;
+        const QWidget* const found = window ? fieldOf(*window, field) : nullptr;
+        EXPECT_TRUE(found) << "no field " << field;
+        if (const auto* const edit = qobject_cast<const QPlainTextEdit*>(found))
+            return edit->textCursor().selectedText().toStdString();
+        const auto* const edit = qobject_cast<const QLineEdit*>(found);
         return edit ? edit->selectedText().toStdString() : std::string();
     });
+}
+
+ShownField QtDriver::dialogField(const std::string& field) {
+    return onUi([&] {
+        const QWidget* const window = standingDialog();
+        const QWidget* const found = window ? fieldOf(*window, field) : nullptr;
+        const auto* const button = qobject_cast<const QAbstractButton*>(found);
+        return found ? ShownField{found->isVisible(), found->isEnabled(), button && button->isChecked()}
+                     : ShownField();
+    });
+}
+
+void QtDriver::clickDialogField(const std::string& field) {
+    input_.waitForPlace();
+    clickAt([&] {
+        const QWidget* const window = standingDialog();
+        return window ? placeOf(fieldOf(*window, field)) : std::nullopt;
+    });
+}
+
+std::pair<int32_t, int32_t> QtDriver::dialogSize() {
+    return onUi([] {
+        const QWidget* const window = standingDialog();
+        return window ? std::pair(window->width(), window->height()) : std::pair(0, 0);
+    });
+}
+
+void QtDriver::resizeDialog(int32_t width, int32_t height) {
+    onUi([&] { standingDialog()->resize(width, height); });
+}
+
+std::string QtDriver::clipboardText() {
+    return onUi([] { return QGuiApplication::clipboard()->text().toStdString(); });
 }
 
 void QtDriver::setDialogText(const std::string& field, const std::string& text) {
@@ -220,6 +262,7 @@ void QtDriver::pressDialogButton(const std::string& button) {
         onUi([] {});
         return;
     }
+    input_.waitForPlace();
     clickAt([&] {
         const QWidget* const window = standingDialog();
         return window ? placeOf(buttonOf(*window, button)) : std::nullopt;

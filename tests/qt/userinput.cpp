@@ -49,6 +49,7 @@ constexpr SymbolRow Symbols[] = {
     {behaviour::key::Up, XK_Up},
     {behaviour::key::Right, XK_Right},
     {behaviour::key::Down, XK_Down},
+    {behaviour::key::F3, XK_F3},
     {behaviour::key::F5, XK_F5},
 };
 
@@ -221,6 +222,31 @@ void UserInput::type(const std::string& text) {
         hold(shifted ? behaviour::with::Shift : 0, false);
         settle();
     }
+}
+
+void UserInput::waitForPlace() const {
+    struct Place {
+        WId window = 0;
+        QRect area;
+        bool operator==(const Place&) const = default;
+    };
+    const auto believed = [] {
+        return onUi([] {
+            const QWindow* const window = QGuiApplication::focusWindow();
+            return window ? Place{window->winId(), {window->mapToGlobal(QPoint()), window->size()}} : Place();
+        });
+    };
+    EXPECT_TRUE(waitUntil([&] {
+        const Place place = believed();
+        XWindowAttributes actual = {};
+        if (place.window == 0 || !XGetWindowAttributes(display_, place.window, &actual))
+            return false;
+        int x = 0;
+        int y = 0;
+        Window child = 0;
+        XTranslateCoordinates(display_, place.window, actual.root, 0, 0, &x, &y, &child);
+        return place.area == QRect(x, y, actual.width, actual.height);
+    })) << "the window does not come to rest";
 }
 
 void UserInput::moveTo(QPoint place) {

@@ -25,6 +25,9 @@ public:
     /// Waits until one of the program's windows has the keyboard.
     void press(int keyCode, int modifiers);
     void type(const std::string& text);
+    /// A window that has just opened or grown stands where the window manager puts it once the program has
+    /// heard of it.
+    void waitForPlace() const;
     /// Places are the screen's.
     void moveTo(QPoint place);
     void button(behaviour::Mouse button, bool down);

@@ -12,6 +12,16 @@ std::wstring toWide(std::string_view utf8) {
     return wide;
 }
 
+std::wstring linesToWide(std::string_view utf8) {
+    std::wstring lines;
+    for (const wchar_t character : toWide(utf8)) {
+        if (character == L'\n' && (lines.empty() || lines.back() != L'\r'))
+            lines += L'\r';
+        lines += character;
+    }
+    return lines;
+}
+
 std::string toUtf8(std::wstring_view wide) {
     const int units = static_cast<int>(wide.size());
     std::string utf8(static_cast<size_t>(

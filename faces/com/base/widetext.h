@@ -7,6 +7,8 @@ namespace pixmo::com {
 
 /// Ill-formed UTF-8 and lone surrogates become U+FFFD.
 std::wstring toWide(std::string_view utf8);
+/// Every line ends in CR LF, as the system's fields and its clipboard want it.
+std::wstring linesToWide(std::string_view utf8);
 std::string toUtf8(std::wstring_view wide);
 
 } // namespace pixmo::com

@@ -30,7 +30,7 @@ public:
         ports.viewSurface = surface;
         ports.decoder = std::make_shared<PageCodecs>();
         ports.pageWriter = std::make_shared<PageFileWriter>();
-        ports.dialogs = std::make_shared<Dialogs>(link, ports.settings);
+        ports.dialogs = std::make_shared<Dialogs>(link);
         ports.thumbnailHost = std::make_shared<ThumbnailHost>(link);
         return ports;
     }

@@ -10,7 +10,6 @@
 #include "faces/com/ports/settingsstore.h"
 #include "faces/com/ports/timers.h"
 #include "faces/com/printing/printers.h"
-#include "faces/com/printing/printwindows.h"
 
 namespace pixmo::com {
 
@@ -26,7 +25,6 @@ ControlPorts systemPorts(const SharedFaceLink& link) {
     ports.scratch = std::make_shared<ScratchFolder>();
     ports.clipboard = std::make_shared<Clipboard>();
     ports.printers = std::make_shared<Printers>(link);
-    ports.printWindows = std::make_shared<PrintWindows>(link);
     return ports;
 }
 

@@ -2,9 +2,11 @@
 
 #include "core/base/error.h"
 #include "faces/com/base/dib.h"
+#include "faces/com/base/widetext.h"
 
-#include <cstring>
+#include <algorithm>
 #include <memory>
+#include <span>
 
 namespace pixmo::com {
 
@@ -16,13 +18,14 @@ struct FreeGlobal {
 
 using GlobalBlock = std::unique_ptr<void, FreeGlobal>;
 
-GlobalBlock blockOf(const Dib& dib) {
-    GlobalBlock block(GlobalAlloc(GMEM_MOVEABLE, dib.header.size() + dib.bits.size()));
+/// Of the one behind the other.
+GlobalBlock blockOf(std::span<const uint8_t> first, std::span<const uint8_t> second) {
+    GlobalBlock block(GlobalAlloc(GMEM_MOVEABLE, first.size() + second.size()));
     auto* const bytes = block ? static_cast<uint8_t*>(GlobalLock(block.get())) : nullptr;
     if (!bytes)
         throw outOfMemoryError();
-    std::memcpy(bytes, dib.header.data(), dib.header.size());
-    std::memcpy(bytes + dib.header.size(), dib.bits.data(), dib.bits.size());
+    std::ranges::copy(first, bytes);
+    std::ranges::copy(second, bytes + first.size());
     GlobalUnlock(block.get());
     return block;
 }
@@ -39,18 +42,33 @@ bool openClipboard() {
     return false;
 }
 
-} // namespace
-
-void Clipboard::setPicture(const Raster& picture) {
-    GlobalBlock block = blockOf(makeDib(picture));
+/// Throws path/file access (75) while another program keeps the clipboard.
+void give(UINT format, GlobalBlock block) {
     if (!openClipboard())
         throw pathFileAccessError();
     EmptyClipboard();
-    if (SetClipboardData(CF_DIB, block.get()))
+    if (SetClipboardData(format, block.get()))
         static_cast<void>(block.release()); // the clipboard's own now
     CloseClipboard();
     if (block)
         throw pathFileAccessError();
+}
+
+} // namespace
+
+void Clipboard::setPicture(const Raster& picture) {
+    const Dib dib = makeDib(picture);
+    give(CF_DIB, blockOf(dib.header, dib.bits));
+}
+
+void Clipboard::setText(const std::string& text) {
+    const std::wstring lines = linesToWide(text) + L'\0';
+    const auto* const bytes = reinterpret_cast<const uint8_t*>(lines.data());
+    try {
+        give(CF_UNICODETEXT, blockOf({bytes, lines.size() * sizeof(wchar_t)}, {}));
+    } catch (const Error&) {
+        OutputDebugStringW(L"A text was not copied.\n");
+    }
 }
 
 } // namespace pixmo::com

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace pixmo::com {
@@ -17,17 +18,9 @@ int32_t paperLength(const pixmo::PrinterDevice& printer, DeviceCap index) {
 
 } // namespace
 
-Size PreviewDevice::sheetInside(const pixmo::PrinterDevice& printer, Size room) {
-    const double width = paperLength(printer, DeviceCap::PhysicalWidth);
-    const double height = paperLength(printer, DeviceCap::PhysicalHeight);
-    const double scale = std::min(room.width / width, room.height / height);
-    return {std::max(1, static_cast<int32_t>(std::lround(width * scale))),
-            std::max(1, static_cast<int32_t>(std::lround(height * scale)))};
-}
-
-PreviewDevice::PreviewDevice(const pixmo::PrinterDevice& printer, PixelBuffer& pixels)
-    : printer_(printer), pixels_(pixels), measuring_(CreateCompatibleDC(nullptr)) {
-    const PixelSurface surface = pixels_.surface();
+PreviewDevice::PreviewDevice(const pixmo::PrinterDevice& printer, std::shared_ptr<PixelBuffer> pixels)
+    : printer_(printer), pixels_(std::move(pixels)), measuring_(CreateCompatibleDC(nullptr)) {
+    const PixelSurface surface = pixels_->surface();
     size_ = {surface.width, surface.height};
     for (int32_t y = 0; y < surface.height; ++y)
         std::ranges::fill(surface.row(y), 0xFFFFFFFFU);
@@ -70,7 +63,7 @@ bool PreviewDevice::TextOut(int32_t x, int32_t y, const std::string& text) {
     smaller.lfHeight = -std::max(1, std::abs(down(y - smaller.lfHeight) - down(y)));
     smaller.lfQuality = ANTIALIASED_QUALITY;
     const FontHandle font(CreateFontIndirectW(&smaller));
-    const HDC dc = pixels_.dc();
+    const HDC dc = pixels_->dc();
     const Selected shown(dc, font.get());
     SetBkMode(dc, TRANSPARENT);
     return ExtTextOutW(dc, across(x), down(y), 0, nullptr, wide.c_str(), static_cast<UINT>(length),
@@ -83,7 +76,7 @@ bool PreviewDevice::drawRaster(const Raster& picture, const Rectangle& source, c
                              down(destination.top + destination.height) - down(destination.top)};
     const RealRectangle part = {static_cast<double>(source.left), static_cast<double>(source.top),
                                 static_cast<double>(source.width), static_cast<double>(source.height)};
-    drawPicture(picture, part, pixels_.surface(), place, {0, 0, size_.width, size_.height},
+    drawPicture(picture, part, pixels_->surface(), place, {0, 0, size_.width, size_.height},
                 BilevelLook::ScaleToGray);
     return true;
 }

@@ -3,17 +3,16 @@
 #include "faces/com/printing/gdidevice.h"
 #include "faces/com/windows/pixelbuffer.h"
 
+#include <memory>
+
 namespace pixmo::com {
 
 /// A sheet of a printer, painted smaller in memory.
 class PreviewDevice : public GdiDevice {
 public:
-    /// On a white sheet that fills the pixels; metrics come from the printer. Both outlive this object.
-    PreviewDevice(const pixmo::PrinterDevice& printer, PixelBuffer& pixels);
+    /// On a white sheet that fills the pixels; metrics come from the printer, which outlives this object.
+    PreviewDevice(const pixmo::PrinterDevice& printer, std::shared_ptr<PixelBuffer> pixels);
     ~PreviewDevice() override;
-
-    /// Of a printer's paper, as large as fits into that many pixels.
-    static Size sheetInside(const pixmo::PrinterDevice& printer, Size room);
 
     int32_t GetDeviceCaps(DeviceCap index) const override { return printer_.GetDeviceCaps(index); }
     bool setPaperSize(int32_t) override { return false; }
@@ -33,7 +32,7 @@ private:
     int32_t down(double y) const;
 
     const pixmo::PrinterDevice& printer_;
-    PixelBuffer& pixels_;
+    std::shared_ptr<PixelBuffer> pixels_;
     HDC measuring_; ///< its pixels are the printer's
     Size size_;
 };

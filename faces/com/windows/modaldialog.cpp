@@ -123,6 +123,13 @@ void ModalDialog::centreOver(HWND owner) const {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+ModalDialog* ModalDialog::of(HWND window) {
+    const auto own = reinterpret_cast<LONG_PTR>(procedure);
+    return window && GetWindowLongPtrW(window, DWLP_DLGPROC) == own
+               ? reinterpret_cast<ModalDialog*>(GetWindowLongPtrW(window, DWLP_USER))
+               : nullptr;
+}
+
 INT_PTR CALLBACK ModalDialog::procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(handle, DWLP_USER, lParam);

@@ -25,6 +25,8 @@ public:
     int run(const SharedFaceLink& link);
 
     HWND handle() const { return handle_; }
+    /// The object of that window; nullptr when it is another program part's.
+    static ModalDialog* of(HWND window);
 
 protected:
     ModalDialog(const std::wstring& title, short width, short height, DWORD style = 0);

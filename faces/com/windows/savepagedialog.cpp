@@ -13,8 +13,20 @@ namespace pixmo::com {
 namespace {
 
 constexpr size_t MostCharacters = 1024;
-/// By format, in its order.
-constexpr wchar_t Filters[] = L"TIFF picture (*.tif, *.tiff)\0*.tif;*.tiff\0PNG picture (*.png)\0*.png\0";
+/// By format, in its order: "PNG picture (*.png)" and "*.png", each ended by a zero.
+std::wstring filters() {
+    std::wstring texts;
+    for (const dlgSavePage::Filter& filter : dlgSavePage::filters()) {
+        std::wstring shown;
+        std::wstring patterns;
+        for (const char* pattern : filter.patterns) {
+            shown += (shown.empty() ? L"" : L", ") + toWide(pattern);
+            patterns += (patterns.empty() ? L"" : L";") + toWide(pattern);
+        }
+        texts += toWide(filter.name) + L" (" + shown + L")" + L'\0' + patterns + L'\0';
+    }
+    return texts;
+}
 
 /// Where the user keeps documents, when nothing else is known.
 std::wstring usualFolder(const dlgSavePage& dialog) {
@@ -32,16 +44,18 @@ std::optional<std::filesystem::path> askSavePage(dlgSavePage& dialog, FaceLink& 
     lstrcpynW(file.data(), toWide(dialog.suggestedFile()).c_str(), MostCharacters);
     const std::wstring folder = usualFolder(dialog);
     const std::wstring ending = toWide(dialog.ending());
+    const std::wstring kinds = filters();
+    const std::wstring title = toWide(dlgSavePage::Caption());
     const DialogCloser closer(link);
     OPENFILENAMEW ask{};
     ask.lStructSize = sizeof ask;
     ask.hwndOwner = closer.owner();
-    ask.lpstrFilter = Filters;
+    ask.lpstrFilter = kinds.c_str();
     ask.nFilterIndex = static_cast<DWORD>(dialog.format()) + 1;
     ask.lpstrFile = file.data();
     ask.nMaxFile = MostCharacters;
     ask.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
-    ask.lpstrTitle = L"Save Page As";
+    ask.lpstrTitle = title.c_str();
     ask.lpstrDefExt = ending.c_str();
     ask.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
     if (!GetSaveFileNameW(&ask))

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/dialogs/dlgsavepage.h"
+#include "core/windows/dlgsavepage.h"
 #include "faces/com/base/facelink.h"
 
 #include <filesystem>

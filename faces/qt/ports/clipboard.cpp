@@ -1,6 +1,7 @@
 #include "faces/qt/ports/clipboard.h"
 
 #include "core/imaging/raster.h"
+#include "faces/qt/ports/texts.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -34,6 +35,10 @@ void Clipboard::setPicture(const Raster& picture) {
     image.setDotsPerMeterY(picture.pixelsAMetre().second);
     // The clipboard outlives the picture.
     QGuiApplication::clipboard()->setImage(image.copy());
+}
+
+void Clipboard::setText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(linesToQt(text));
 }
 
 } // namespace pixmo::qt

@@ -8,6 +8,7 @@ namespace pixmo::qt {
 class Clipboard : public pixmo::Clipboard {
 public:
     void setPicture(const Raster& picture) override;
+    void setText(const std::string& text) override;
 };
 
 } // namespace pixmo::qt

@@ -13,6 +13,10 @@ class ImageView;
 struct FaceLink {
     ImageView* widget = nullptr;
     QWidget* owner = nullptr; ///< the same widget, for those who only open a window above it
+
+    /// What a modal window opens over: the widget, or the modal window that stands over it already, which
+    /// then gets the keyboard back.
+    QWidget* top() const;
 };
 
 using SharedFaceLink = std::shared_ptr<FaceLink>;

@@ -3,17 +3,21 @@
 #include "faces/qt/printing/painterdevice.h"
 
 #include <QImage>
+#include <memory>
 
 namespace pixmo::qt {
 
 /// A sheet of a printer, painted smaller on an image.
 class PreviewDevice : public PainterDevice {
 public:
-    /// A white sheet of the paper's proportion and that height; metrics come from the printer, which must
-    /// outlive this object. The image is the caller's.
-    PreviewDevice(const pixmo::PrinterDevice& printer, QImage& image);
-    /// Of a printer's paper at that height.
-    static QImage makeSheet(const pixmo::PrinterDevice& printer, int height);
+    /// Metrics come from the printer, which must outlive this object.
+    PreviewDevice(const pixmo::PrinterDevice& printer, std::shared_ptr<QImage> sheet);
+    ~PreviewDevice() override { painter_.end(); }
+    PreviewDevice(const PreviewDevice&) = delete;
+    PreviewDevice& operator=(const PreviewDevice&) = delete;
+
+    /// A white one of that many pixels.
+    static std::shared_ptr<QImage> makeSheet(Size size);
 
     int32_t GetDeviceCaps(DeviceCap index) const override { return printer_.GetDeviceCaps(index); }
     bool setPaperSize(int32_t) override { return false; }
@@ -28,7 +32,7 @@ public:
 
 private:
     const pixmo::PrinterDevice& printer_;
-    QImage& image_;
+    std::shared_ptr<QImage> sheet_;
 };
 
 } // namespace pixmo::qt

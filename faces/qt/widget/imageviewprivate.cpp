@@ -9,7 +9,6 @@
 #include "faces/qt/ports/scratchfolder.h"
 #include "faces/qt/ports/settingsstore.h"
 #include "faces/qt/ports/timers.h"
-#include "faces/qt/printing/printwindows.h"
 #include "faces/qt/widget/container.h"
 #include "faces/qt/widget/olecolour.h"
 #include "faces/qt/windows/dialogs.h"
@@ -74,7 +73,6 @@ ControlPorts ImageViewPrivate::ports() {
     ports.pageWriter = std::make_shared<PageFileWriter>();
     ports.thumbnailHost = std::make_shared<ThumbnailHost>(link_);
     ports.printers = printers_;
-    ports.printWindows = std::make_shared<PrintWindows>(link_);
     return ports;
 }
 

@@ -3,17 +3,17 @@
 #include "core/platform/dialogs.h"
 #include "faces/qt/ports/facelink.h"
 
+#include <utility>
+
 namespace pixmo::qt {
 
-/// The control's small windows over its widget. When the widget ends while one stands, it is cancelled.
+/// The control's windows over its widget, or over the one of them that stands already.
 class Dialogs : public pixmo::Dialogs {
 public:
     explicit Dialogs(SharedFaceLink link) : link_(std::move(link)) {}
 
-    void showModal(dlgGotoPage& dialog) override;
-    void showModal(dlgAbout& dialog) override;
-    void showModal(dlgLog& dialog) override;
-    std::optional<std::filesystem::path> askSavePath(const std::string& suggestedName) override;
+    void showModal(Dialog& dialog) override;
+    std::optional<std::filesystem::path> askSavePath(dlgSavePage& dialog) override;
 
 private:
     SharedFaceLink link_;

@@ -1,6 +1,6 @@
 #include "faces/qt/windows/savepagedialog.h"
 
-#include "core/dialogs/dlgsavepage.h"
+#include "core/windows/dlgsavepage.h"
 #include "faces/qt/ports/texts.h"
 
 #include <QDir>
@@ -22,16 +22,26 @@ std::filesystem::path toPath(const QString& path) {
     return {path.toStdU16String()};
 }
 
+/// "PNG picture (*.png)"
+QStringList filters() {
+    QStringList texts;
+    for (const dlgSavePage::Filter& filter : dlgSavePage::filters()) {
+        QStringList patterns;
+        for (const char* pattern : filter.patterns)
+            patterns += QLatin1String(pattern);
+        texts += QStringLiteral("%1 (%2)").arg(QLatin1String(filter.name), patterns.join(QLatin1Char(' ')));
+    }
+    return texts;
+}
+
 } // namespace
 
 SavePageDialog::SavePageDialog(dlgSavePage& dialog, QWidget* parent)
-    : QFileDialog(parent, tr("Save Page As"), usualFolder(dialog)), dialog_(dialog) {
-    const QStringList filters = {tr("TIFF picture (*.tif *.tiff)"), tr("PNG picture (*.png)")};
+    : QFileDialog(parent, toQt(dlgSavePage::Caption()), usualFolder(dialog)), dialog_(dialog) {
     setAcceptMode(AcceptSave);
     setFileMode(AnyFile);
-    setNameFilters(filters);
-    if (dialog_.format() == dlgSavePage::Format::Png)
-        selectNameFilter(filters.at(1));
+    setNameFilters(filters());
+    selectNameFilter(filters().at(static_cast<int>(dialog_.format())));
     setDefaultSuffix(QLatin1String(dialog_.ending()));
     selectFile(toQt(dialog_.suggestedFile()));
     connect(this, &QFileDialog::filterSelected, this, [this] { followFilter(); });
@@ -39,8 +49,7 @@ SavePageDialog::SavePageDialog(dlgSavePage& dialog, QWidget* parent)
 
 /// The name follows the format.
 void SavePageDialog::followFilter() {
-    const bool png = selectedNameFilter().contains(QLatin1String("*.png"));
-    dialog_.setFormat(png ? dlgSavePage::Format::Png : dlgSavePage::Format::Tiff);
+    dialog_.setFormat(static_cast<dlgSavePage::Format>(nameFilters().indexOf(selectedNameFilter())));
     const QString ending = QLatin1String(dialog_.ending());
     setDefaultSuffix(ending);
     const QFileInfo file(selectedFiles().value(0));

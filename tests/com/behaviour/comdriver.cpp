@@ -325,10 +325,7 @@ std::string ComDriver::focus() {
             return "lvrImage";
         if (focused == part(L"Edit"))
             return "txtDebug";
-        const HWND dialog = standingDialog();
-        const bool inNumber =
-            dialog && dialogName(dialog) == "dlgGotoPage" && focused == fieldOf(dialog, "txtPageNumber");
-        return inNumber ? "txtPageNumber" : "";
+        return fieldName(standingDialog(), focused);
     });
 }
 

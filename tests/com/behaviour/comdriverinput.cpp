@@ -250,7 +250,49 @@ std::string ComDriver::selectedText(const std::string& field) {
         DWORD from = 0;
         DWORD to = 0;
         SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
-        return textOf(edit).substr(from, to - from);
+        std::string selected = toUtf8(user::textOf(edit).substr(from, to - from));
+        std::erase(selected, '\r');
+        return selected;
+    });
+}
+
+ShownField ComDriver::dialogField(const std::string& field) {
+    return ui_.on([&] {
+        const HWND found = partOf(standingDialog(), field);
+        return found ? ShownField{IsWindowVisible(found) != 0, IsWindowEnabled(found) != 0,
+                                  SendMessageW(found, BM_GETCHECK, 0, 0) == BST_CHECKED}
+                     : ShownField();
+    });
+}
+
+void ComDriver::clickDialogField(const std::string& field) {
+    clickAt([&] { return placeOf(partOf(standingDialog(), field)); });
+}
+
+std::pair<int32_t, int32_t> ComDriver::dialogSize() {
+    return ui_.on([] {
+        RECT place{};
+        GetWindowRect(standingDialog(), &place);
+        return std::pair<int32_t, int32_t>(place.right - place.left, place.bottom - place.top);
+    });
+}
+
+void ComDriver::resizeDialog(int32_t width, int32_t height) {
+    ui_.on([&] { SetWindowPos(standingDialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER); });
+}
+
+std::string ComDriver::clipboardText() {
+    return ui_.on([] {
+        std::string text;
+        if (!OpenClipboard(nullptr))
+            return text;
+        if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
+            text = toUtf8(static_cast<const wchar_t*>(GlobalLock(block)));
+            GlobalUnlock(block);
+        }
+        CloseClipboard();
+        std::erase(text, '\r');
+        return text;
     });
 }
 

@@ -1,10 +1,7 @@
 #include "tests/com/behaviour/openwindows.h"
 
-#include "core/printing/dlgprint.h"
 #include "faces/com/base/widetext.h"
-#include "faces/com/windows/aboutdialog.h"
-#include "faces/com/windows/gotodialog.h"
-#include "faces/com/windows/logdialog.h"
+#include "faces/com/windows/dialogwindow.h"
 #include "tests/com/face/user.h"
 
 #include <array>
@@ -16,28 +13,6 @@ namespace {
 
 constexpr const char* DialogClass = "#32770";
 constexpr const wchar_t* MenuClass = L"#32768";
-
-struct DialogTitle {
-    const char* title;
-    const char* name;
-};
-
-constexpr std::array<DialogTitle, 4> Titles = {{{"Go to Page", "dlgGotoPage"},
-                                                {"About Pixmo", "dlgAbout"},
-                                                {"Image Information", "dlgAbout"},
-                                                {"Log", "dlgLog"}}};
-
-struct DialogField {
-    const char* name;
-    int id;
-};
-
-constexpr std::array<DialogField, 6> Fields = {{{"lblPageNumber", GotoDialog::Label},
-                                                {"txtPageNumber", GotoDialog::Number},
-                                                {"lblVersion", AboutDialog::Version},
-                                                {"lblDescription", AboutDialog::Description},
-                                                {"lblInformation", AboutDialog::Information},
-                                                {"txtLog", LogDialog::Text}}};
 
 struct BoxIcon {
     LPCWSTR icon;
@@ -85,14 +60,8 @@ std::string dialogName(HWND window) {
         return "dlgThumbs";
     if (className(window) != DialogClass)
         return {};
-    const std::string title = textOf(window);
-    // A message box about printing has the same title, but nothing to choose.
-    if (title == dlgPrint::Caption() && !children(window, L"ListBox").empty())
-        return "dlgPrint";
-    for (const DialogTitle& each : Titles)
-        if (title == each.title)
-            return each.name;
-    return {};
+    const auto* const dialog = dynamic_cast<const DialogWindow*>(ModalDialog::of(window));
+    return dialog ? dialog->name() : std::string();
 }
 
 HWND standingBox() {
@@ -152,12 +121,22 @@ HWND buttonOf(HWND window, const std::string& text) {
 }
 
 HWND fieldOf(HWND window, const std::string& name) {
-    for (const DialogField& field : Fields)
-        if (name == field.name)
-            if (const HWND found = GetDlgItem(window, field.id))
-                return found;
+    if (const auto* const dialog = dynamic_cast<const DialogWindow*>(ModalDialog::of(window)))
+        if (const HWND found = dialog->field(name))
+            return found;
     ADD_FAILURE() << "no field " << name;
     return nullptr;
+}
+
+HWND partOf(HWND window, const std::string& part) {
+    const auto* const dialog = dynamic_cast<const DialogWindow*>(ModalDialog::of(window));
+    const HWND named = dialog ? dialog->field(part) : nullptr;
+    return named ? named : buttonOf(window, part);
+}
+
+std::string fieldName(HWND window, HWND control) {
+    const auto* const dialog = dynamic_cast<const DialogWindow*>(ModalDialog::of(window));
+    return dialog ? dialog->nameOf(control) : std::string();
 }
 
 } // namespace pixmo::com::test

@@ -23,6 +23,10 @@ behaviour::ShownBox lookAtBox(HWND box);
 std::vector<behaviour::ShownEntry> lookAtMenu(HMENU menu);
 /// The button of that text without its mnemonic; null when there is none.
 HWND buttonOf(HWND window, const std::string& text);
+/// By its name; a button by its text.
+HWND partOf(HWND window, const std::string& part);
+/// "txtPageNumber", "" for a control of another window.
+std::string fieldName(HWND window, HWND control);
 /// The field of that name; fails the test when there is none.
 HWND fieldOf(HWND window, const std::string& name);
 /// Lines end in LF.

@@ -48,62 +48,6 @@ TEST_F(FaceDialogs, StandOverTheirHost) {
     EXPECT_EQ(GetFocus(), page()) << "the keyboard comes back";
 }
 
-TEST_F(FaceDialogs, ImageInformationIsCopied) {
-    load();
-    inDialog("IMAGEINFO", L"Image Information", [](HWND dialog) {
-        const std::wstring text = user::textOf(child(dialog, L"Edit"));
-        EXPECT_EQ(text.substr(0, text.find(L'\r')), L"Image Size: 8.50\" x 11.00\"");
-        EXPECT_NE(text.find(L"DocID: 1001"), std::wstring::npos);
-        user::press('C', 4);
-        EXPECT_TRUE(user::sees([] { return IsClipboardFormatAvailable(CF_UNICODETEXT) != 0; }));
-        user::press(VK_ESCAPE);
-    });
-    ASSERT_TRUE(OpenClipboard(nullptr));
-    const HANDLE block = GetClipboardData(CF_UNICODETEXT);
-    EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(GlobalLock(block))).substr(0, 11), L"Image Size:");
-    GlobalUnlock(block);
-    CloseClipboard();
-}
-
-TEST_F(FaceDialogs, TheLogIsSearched) {
-    load();
-    const std::filesystem::path file = std::filesystem::temp_directory_path() / "pixmo-face-test.log";
-    std::filesystem::remove(file);
-    control->setProperty("LogFileName", toUtf8(file.wstring()));
-    std::ofstream(file, std::ios::binary) << "first Needle\r\nsecond\r\nthird needle\r\n";
-    inDialog("SHOWLOG", L"Log", [](HWND dialog) {
-        const HWND search = child(dialog, L"Edit");
-        const HWND text = FindWindowExW(dialog, search, L"Edit", nullptr);
-        const auto selected = [&] {
-            DWORD from = 0;
-            DWORD to = 0;
-            SendMessageW(text, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
-            return user::textOf(text).substr(from, to - from) + std::to_wstring(from);
-        };
-        user::type(L"needle");
-        user::press(VK_RETURN);
-        EXPECT_TRUE(user::sees([&] { return selected() == L"Needle6"; })) << "from the top again";
-        user::press(VK_F3);
-        EXPECT_TRUE(user::sees([&] { return selected() == L"needle28"; }));
-        user::press(VK_F3, 1);
-        EXPECT_TRUE(user::sees([&] { return selected() == L"Needle6"; }));
-        user::press('F', 2);
-        user::type(L"zzz");
-        user::press(VK_RETURN);
-        EXPECT_TRUE(user::sees([&] { return child(dialog, L"Static", L"Not found"); }));
-        SetWindowPos(dialog, nullptr, 0, 0, 640, 420, SWP_NOMOVE | SWP_NOZORDER);
-        user::press(VK_ESCAPE);
-    });
-    inDialog("SHOWLOG", L"Log", [](HWND dialog) {
-        RECT place{};
-        GetWindowRect(dialog, &place);
-        EXPECT_EQ(place.right - place.left, 640) << "the size is kept";
-        PostMessageW(dialog, WM_CLOSE, 0, 0);
-    });
-    control->setProperty("LogFileName", std::string());
-    std::filesystem::remove(file);
-}
-
 TEST_F(FaceDialogs, ThePageIsSaved) {
     load(2);
     const std::filesystem::path file = std::filesystem::temp_directory_path() / "pixmo-face-test.png";
