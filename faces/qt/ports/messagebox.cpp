@@ -88,7 +88,7 @@ Answer MessageBox::ask(const std::string& text, Buttons buttons, Icon icon, cons
     }
     if (!link_->owner)
         return safest;
-    const QPointer<QMessageBox> box = new QMessageBox(link_->owner);
+    const QPointer<QMessageBox> box = new QMessageBox(link_->top());
     box->setWindowTitle(shownTitle);
     setTexts(*box, text);
     box->setIcon(iconOf(icon));
