@@ -29,11 +29,7 @@ using QtReader = transfers::ReaderTest;
 
 INSTANTIATE_TEST_SUITE_P(
     OfQt, BadAnswers,
-    testing::Values(BadAnswer{"shortChunk",
-                              {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n64\r\nhalf of it",
-                               Then::Close},
-                              "The server closed the connection."},
-                    BadAnswer{"nothing", {"", Then::Close}, "The server closed the connection."},
+    testing::Values(BadAnswer{"nothing", {"", Then::Close}, "The server closed the connection."},
                     BadAnswer{"notHttp", {"SSH-2.0-OpenSSH\r\n\r\n", Then::Close}, ""}),
     transfers::NameOfAnswer);
 
