@@ -7,11 +7,11 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # Texts that may stand twice:
 #   the control's own names of its properties, which each face hands to its host, are read from the core's table.
 names=$(grep -hoE '"[A-Za-z]+"' core/control/propert*.cpp | sort -u)
-# Files whose texts are still to be moved:
-pending='/(aboutdialog|gotodialog|logdialog|savepagedialog|previewdialog|printdialog|papers|predefinedvalues)\.'
+#   a container's property window names what a value means, in words that a paper may have too.
+names_only='/predefinedvalues\.'
 
 sources() {
-    find "faces/$1" \( -name '*.cpp' -o -name '*.h' \) -print | grep -vE "$pending"
+    find "faces/$1" \( -name '*.cpp' -o -name '*.h' \) -print | grep -vE "$names_only"
 }
 
 # FACE : each text, once, without what tells its characters' type. A single character is no text.

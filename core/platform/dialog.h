@@ -35,6 +35,12 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
+/// Of the program's picture, in device-independent pixels.
+constexpr int32_t DialogIconSize = 64;
+
+/// How much larger than the usual letters those of a heading are.
+constexpr double DialogHeadingScale = 1.6;
+
 /// A field of a described window, or fields that stand together. A face makes the system's own control of it,
 /// asks the functions for its state when the window opens, after every handler and after every
 /// Dialog::Changed, and calls the handlers for what the user does. A function may be missing.

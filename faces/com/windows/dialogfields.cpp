@@ -16,8 +16,6 @@ using Kind = DialogPart::Kind;
 constexpr WORD FirstId = 100;
 constexpr WORD ArrowsId = 1000; ///< those of a number, behind the number's own id
 constexpr DialogTemplate::Place Somewhere = {0, 0, 10, 10};
-constexpr int IconSize = 64; ///< device-independent pixels
-constexpr double HeadingSize = 1.6;
 constexpr const wchar_t* FilterProperty = L"Pixmo.Filter";
 
 std::wstring withoutMnemonic(std::wstring text) {
@@ -112,11 +110,11 @@ void DialogWindow::prepare(const DialogPart& part, WORD id) {
     const HWND control = item(id);
     switch (part.kind) {
     case Kind::Heading:
-        headingFont_ = makeBold(font(), HeadingSize);
+        headingFont_ = makeBold(font(), DialogHeadingScale);
         setFont(id, headingFont_.get());
         break;
     case Kind::Icon:
-        icon_ = makeProgramIcon(scaled(IconSize, dpi()));
+        icon_ = makeProgramIcon(scaled(DialogIconSize, dpi()));
         SendMessageW(control, STM_SETICON, reinterpret_cast<WPARAM>(icon_.get()), 0);
         break;
     case Kind::Text:
@@ -206,7 +204,7 @@ SIZE DialogWindow::fieldSize(const DialogPart& part) const {
     case Kind::Lines:
         return {width, text.cy};
     case Kind::Icon:
-        return {scaled(IconSize, dpi()) + units(Character, 0).cx, scaled(IconSize, dpi())};
+        return {scaled(DialogIconSize, dpi()) + units(Character, 0).cx, scaled(DialogIconSize, dpi())};
     case Kind::Text:
     case Kind::Number:
         return {std::max(width, units(26, 0).cx), units(0, 13).cy};

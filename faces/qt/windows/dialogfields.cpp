@@ -19,9 +19,6 @@ namespace pixmo::qt {
 
 namespace {
 
-constexpr int IconSize = 64;
-constexpr double HeadingSize = 1.6; ///< times the usual
-
 QDialogButtonBox::StandardButton standardButton(DialogPart::Meaning meaning) {
     switch (meaning) {
     case DialogPart::Meaning::Ok:
@@ -118,7 +115,7 @@ QWidget* DialogWindow::makeLabel(const DialogPart& part, QWidget* parent) {
         label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (part.kind == DialogPart::Kind::Heading) {
         QFont large = label->font();
-        large.setPointSizeF(large.pointSizeF() * HeadingSize);
+        large.setPointSizeF(large.pointSizeF() * DialogHeadingScale);
         large.setBold(true);
         label->setFont(large);
     }
@@ -140,7 +137,7 @@ QWidget* DialogWindow::makeLines(const DialogPart& part, QWidget* parent) {
 
 QWidget* DialogWindow::makeIcon(const DialogPart&, QWidget* parent) {
     auto* const icon = new QLabel(parent);
-    icon->setPixmap(programIcon().pixmap({IconSize, IconSize}, devicePixelRatioF()));
+    icon->setPixmap(programIcon().pixmap({DialogIconSize, DialogIconSize}, devicePixelRatioF()));
     return icon;
 }
 
