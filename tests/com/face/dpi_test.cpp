@@ -21,7 +21,8 @@ BOOL CALLBACK addClipped(HWND control, LPARAM texts) {
     RECT room{};
     GetClientRect(control, &room);
     const bool isEdit = std::wstring_view(kind.data()) == L"Edit";
-    if (text.empty() || isEdit || !IsWindowVisible(control))
+    const bool isOnlySpoken = IsRectEmpty(&room) != 0;
+    if (text.empty() || isEdit || isOnlySpoken || !IsWindowVisible(control))
         return TRUE;
     const ScreenDc screen;
     const Selected font(screen.get(), reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)));
