@@ -68,15 +68,14 @@ public:
 
     /// A transfer that failed is not worth going on with.
     bool failed() const { return !failure_.empty(); }
-    int64_t bytesRead() const { return received_; }
 
     AsyncProperty progress() const { return record(AsyncStatus::DownloadingData); }
     /// The completion record, once; the file belongs to the caller then.
     AsyncProperty deliver();
-    /// Nothing will be delivered; no file is left.
-    void discard();
 
 private:
+    /// Nothing will be delivered; no file is left.
+    void discard();
     void fail(std::string reason);
     void keep(std::span<const uint8_t> data);
     std::string problemText(NetworkProblem problem, std::string_view text) const;

@@ -1,40 +1,34 @@
 #include "faces/com/ports/asyncreader.h"
 
+#include "faces/com/ports/timers.h"
+#include "faces/com/ports/transfer.h"
+
 #include <utility>
 
 namespace pixmo::com {
 
-AsyncReader::~AsyncReader() {
-    for (const auto& [name, transfer] : std::exchange(running_, {}))
-        transfer->cancel();
-}
+namespace {
 
-void AsyncReader::AsyncRead(const AsyncRequest& request) {
-    CancelAsyncRead(request.PropertyName);
-    const auto progress = [this](Download& download) {
-        if (listener_)
-            listener_->AsyncReadProgress(download.progress());
-    };
-    const auto completed = [this](Download& download) { complete(download); };
-    const auto transfer = ComPtr<Transfer>::attach(new Transfer(request, limits_, progress, completed));
-    running_[request.PropertyName] = transfer;
-    transfer->start();
-}
+/// The moniker may hold its transfer longer than anybody listens.
+class Binding : public Connection {
+public:
+    explicit Binding(ComPtr<Transfer> transfer) : transfer_(std::move(transfer)) {}
+    ~Binding() override { transfer_->stop(); }
+    Binding(const Binding&) = delete;
+    Binding& operator=(const Binding&) = delete;
 
-void AsyncReader::CancelAsyncRead(const std::string& propertyName) {
-    const auto found = running_.find(propertyName);
-    if (found == running_.end())
-        return;
-    const ComPtr<Transfer> transfer = found->second;
-    running_.erase(found);
-    transfer->cancel();
-}
+private:
+    ComPtr<Transfer> transfer_;
+};
 
-// The listener may end this reader.
-void AsyncReader::complete(Download& download) {
-    running_.erase(download.request().PropertyName);
-    if (listener_)
-        listener_->AsyncReadComplete(download.deliver());
+} // namespace
+
+AsyncReader::AsyncReader() : NetworkReader(std::make_unique<Timers>()) {}
+
+std::unique_ptr<Connection> AsyncReader::connect(const std::string& target, ConnectionListener& listener) {
+    const auto transfer = ComPtr<Transfer>::attach(new Transfer(listener));
+    transfer->start(target);
+    return std::make_unique<Binding>(transfer);
 }
 
 } // namespace pixmo::com

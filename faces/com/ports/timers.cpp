@@ -47,6 +47,9 @@ public:
     }
     void start() override {
         running_ = SetTimer(window_->handle(), TimerId, static_cast<UINT>(interval_), nullptr) != 0;
+        // The system's own timers are never as quick as a message.
+        if (interval_ == 0)
+            PostMessageW(window_->handle(), WM_TIMER, TimerId, 0);
     }
     void stop() override {
         if (!std::exchange(running_, false))

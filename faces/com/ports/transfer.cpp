@@ -2,7 +2,6 @@
 
 #include "core/base/text.h"
 #include "faces/com/base/widetext.h"
-#include "faces/com/base/window.h"
 #include "faces/com/ports/networkproblem.h"
 #include "faces/com/ports/responsehead.h"
 
@@ -14,10 +13,6 @@
 namespace pixmo::com {
 
 namespace {
-
-constexpr UINT_PTR StallTimer = 1;
-constexpr UINT_PTR ProgressTimer = 2;
-constexpr UINT ConcludeMessage = WM_APP;
 
 constexpr DWORD BindFlags = BINDF_ASYNCHRONOUS | BINDF_ASYNCSTORAGE | BINDF_PULLDATA |
                             BINDF_GETNEWESTVERSION | BINDF_NOWRITECACHE | BINDF_PRAGMA_NO_CACHE |
@@ -34,61 +29,26 @@ LPWSTR taskText(const std::wstring& text) {
 
 } // namespace
 
-/// The transfer's own place in the message loop.
-class Transfer::Clock : public Window {
-public:
-    explicit Clock(Transfer& owner) : owner_(owner) { make({L"Pixmo.Transfer"}, {HWND_MESSAGE}); }
-
-    void restart(UINT_PTR timer, int32_t milliseconds) const {
-        SetTimer(handle(), timer, static_cast<UINT>(milliseconds), nullptr);
-    }
-    bool stop(UINT_PTR timer) const { return KillTimer(handle(), timer) != 0; }
-    void postConclusion() const { PostMessageW(handle(), ConcludeMessage, 0, 0); }
-
-    bool progressPauses = false;
-
-private:
-    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM) override {
-        if (message != WM_TIMER && message != ConcludeMessage)
-            return std::nullopt;
-        // A report may be the end of everything that holds the transfer.
-        const ComPtr<Transfer> held(&owner_);
-        if (message == ConcludeMessage)
-            owner_.onConcluded();
-        else if (wParam == StallTimer)
-            owner_.onStalled();
-        else
-            owner_.onProgressPause();
-        return 0;
-    }
-
-    Transfer& owner_;
-};
-
-Transfer::Transfer(const AsyncRequest& request, const TransferLimits& limits, Report progress,
-                   Report completed)
-    : download_(request, limits), progress_(std::move(progress)), completed_(std::move(completed)),
-      clock_(std::make_shared<Clock>(*this)) {}
-
-Transfer::~Transfer() {
-    clock_->destroy();
-}
-
 // The moniker may answer at once, from inside of the call that starts it.
-void Transfer::start() {
+void Transfer::start(const std::string& target) {
     const ComPtr<Transfer> held(this);
-    alive();
-    const HRESULT result = bind();
-    if (FAILED(result) && !over_)
+    const HRESULT result = bind(target);
+    if (FAILED(result))
         OnStopBinding(result, nullptr);
 }
 
-HRESULT Transfer::bind() {
+void Transfer::stop() {
+    listener_ = nullptr;
+    if (const ComPtr<IBinding> binding = std::exchange(binding_, nullptr))
+        binding->Abort();
+}
+
+HRESULT Transfer::bind(const std::string& target) {
     ComPtr<IMoniker> moniker;
     ComPtr<IUri> address;
     // The target travels byte for byte.
     constexpr DWORD AsItStands = Uri_CREATE_NO_CANONICALIZE | Uri_CREATE_NO_DECODE_EXTRA_INFO;
-    HRESULT result = CreateUri(toWide(download_.request().Target).c_str(), AsItStands, 0, address.receive());
+    HRESULT result = CreateUri(toWide(target).c_str(), AsItStands, 0, address.receive());
     if (SUCCEEDED(result))
         result = CreateURLMonikerEx2(nullptr, address.get(), moniker.receive(), URL_MK_UNIFORM);
     ComPtr<IBindCtx> context;
@@ -98,57 +58,6 @@ HRESULT Transfer::bind() {
         return result;
     ComPtr<IStream> stream;
     return moniker->BindToStorage(context.get(), nullptr, IID_IStream, stream.receiveAny());
-}
-
-void Transfer::cancel() {
-    // What was reported belongs to the listener.
-    if (!std::exchange(completed_, nullptr))
-        return;
-    const ComPtr<Transfer> held(this);
-    over_ = true;
-    progress_ = nullptr;
-    stopBinding();
-    download_.discard();
-}
-
-void Transfer::stopBinding() {
-    clock_->destroy();
-    if (const ComPtr<IBinding> binding = std::exchange(binding_, nullptr))
-        binding->Abort();
-}
-
-void Transfer::alive() {
-    if (!over_)
-        clock_->restart(StallTimer, download_.limits().stallMilliseconds);
-}
-
-void Transfer::onStalled() {
-    download_.stalled();
-    conclude();
-}
-
-void Transfer::onProgressPause() {
-    clock_->stop(ProgressTimer);
-    clock_->progressPauses = false;
-    if (const Report progress = progress_)
-        progress(download_);
-}
-
-// The report comes in a message of its own: never from inside of the call that started the transfer, and not
-// from inside of the moniker's code, which a listener might end.
-void Transfer::conclude() {
-    if (std::exchange(over_, true))
-        return;
-    clock_->stop(StallTimer);
-    clock_->stop(ProgressTimer);
-    clock_->postConclusion();
-}
-
-void Transfer::onConcluded() {
-    stopBinding();
-    progress_ = nullptr;
-    if (const Report completed = std::exchange(completed_, nullptr))
-        completed(download_);
 }
 
 STDMETHODIMP Transfer::QueryInterface(REFIID iid, void** object) {
@@ -190,13 +99,12 @@ STDMETHODIMP Transfer::OnLowResource(DWORD) {
 }
 
 STDMETHODIMP Transfer::OnProgress(ULONG, ULONG, ULONG code, LPCWSTR text) {
-    if (over_)
+    if (!listener_)
         return S_OK;
-    alive();
     if (code == BINDSTATUS_REDIRECTING)
-        download_.redirected(toUtf8(text ? text : L""));
-    if (download_.failed())
-        conclude();
+        listener_->redirected(toUtf8(text ? text : L""));
+    else
+        listener_->alive();
     return S_OK;
 }
 
@@ -208,10 +116,8 @@ STDMETHODIMP Transfer::OnStopBinding(HRESULT result, LPCWSTR) {
         if (SUCCEEDED(binding->GetBindResult(&protocol, &detail, &text, nullptr)))
             CoTaskMemFree(text);
     }
-    if (over_)
-        return S_OK;
-    download_.ended(networkProblem(result, detail), "The transfer failed.");
-    conclude();
+    if (listener_)
+        listener_->ended(networkProblem(result, detail), "The transfer failed.");
     return S_OK;
 }
 
@@ -227,15 +133,8 @@ STDMETHODIMP Transfer::GetBindInfo(DWORD* flags, BINDINFO* info) {
 }
 
 STDMETHODIMP Transfer::OnDataAvailable(DWORD, DWORD, FORMATETC*, STGMEDIUM* medium) {
-    if (over_ || !medium || medium->tymed != TYMED_ISTREAM || !medium->pstm)
-        return S_OK;
-    alive();
-    receive(*medium->pstm);
-    if (download_.failed()) {
-        conclude();
-    } else if (!std::exchange(clock_->progressPauses, true)) {
-        clock_->restart(ProgressTimer, Download::ProgressMilliseconds);
-    }
+    if (listener_ && medium && medium->tymed == TYMED_ISTREAM && medium->pstm)
+        receive(*medium->pstm);
     return S_OK;
 }
 
@@ -243,11 +142,11 @@ STDMETHODIMP Transfer::OnDataAvailable(DWORD, DWORD, FORMATETC*, STGMEDIUM* medi
 void Transfer::receive(IStream& stream) {
     std::array<uint8_t, 32'768> buffer{};
     HRESULT result = S_OK;
-    while (result == S_OK && !download_.failed()) {
+    while (result == S_OK) {
         ULONG count = 0;
         result = stream.Read(buffer.data(), static_cast<ULONG>(buffer.size()), &count);
         if (count > 0)
-            download_.received(std::span(buffer).first(count));
+            listener_->received(std::span(buffer).first(count));
         else if (result == S_OK)
             break;
     }
@@ -270,11 +169,9 @@ STDMETHODIMP Transfer::BeginningTransaction(LPCWSTR, LPCWSTR, DWORD, LPWSTR* add
 STDMETHODIMP Transfer::OnResponse(DWORD status, LPCWSTR headers, LPCWSTR, LPWSTR* again) {
     if (again)
         *again = nullptr;
-    if (over_)
-        return S_OK;
-    alive();
     const ResponseHead head = readResponseHead(toUtf8(headers ? headers : L""));
-    download_.answered(static_cast<int32_t>(status), head.phrase, head.bodySize);
+    if (listener_)
+        listener_->answered(static_cast<int32_t>(status), head.phrase, head.bodySize);
     return S_OK;
 }
 

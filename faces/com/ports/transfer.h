@@ -1,31 +1,26 @@
 #pragma once
 
-#include "core/control/download.h"
+#include "core/control/networkreader.h"
 #include "faces/com/base/comptr.h"
 
-#include <functional>
-#include <memory>
-#include <string_view>
+#include <string>
 #include <urlmon.h>
 
 namespace pixmo::com {
 
-/// One download by a URL moniker, and what the moniker calls back. Reports from the message loop only, and
-/// may be cancelled inside of its reports. The moniker alone would wait for ever for a server that has fallen
-/// silent, follow redirections without end, and take an error page for the answer: that is watched here.
+/// One request by a URL moniker, and what the moniker calls back. The moniker alone would wait for ever for a
+/// server that has fallen silent, follow redirections without end, and take an error page for the answer:
+/// that is the listener's to watch.
 class Transfer final : public IBindStatusCallback, public IHttpNegotiate {
 public:
-    using Report = std::function<void(Download&)>;
-
-    /// Throws as a Download does.
-    Transfer(const AsyncRequest& request, const TransferLimits& limits, Report progress, Report completed);
-    virtual ~Transfer();
+    explicit Transfer(ConnectionListener& listener) : listener_(&listener) {}
+    virtual ~Transfer() = default;
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
 
-    void start();
-    /// Nothing more is reported, and no file is left.
-    void cancel();
+    void start(const std::string& target);
+    /// The listener hears no more.
+    void stop();
 
     STDMETHODIMP QueryInterface(REFIID iid, void** object) override;
     STDMETHODIMP_(ULONG) AddRef() override;
@@ -45,24 +40,12 @@ public:
     STDMETHODIMP OnResponse(DWORD status, LPCWSTR headers, LPCWSTR requestHeaders, LPWSTR* again) override;
 
 private:
-    class Clock;
-
-    HRESULT bind();
+    HRESULT bind(const std::string& target);
     void receive(IStream& stream);
-    void alive();
-    void onStalled();
-    void onProgressPause();
-    void conclude();
-    void onConcluded();
-    void stopBinding();
 
     LONG references_ = 1;
-    Download download_;
-    Report progress_;
-    Report completed_;
-    std::shared_ptr<Clock> clock_;
+    ConnectionListener* listener_; ///< nullptr once it was stopped
     ComPtr<IBinding> binding_;
-    bool over_ = false; ///< only the report is outstanding
 };
 
 } // namespace pixmo::com

@@ -1,50 +1,36 @@
 #pragma once
 
-#include "core/control/download.h"
+#include "core/control/networkreader.h"
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QObject>
 #include <QPointer>
-#include <QTimer>
-#include <functional>
 
 namespace pixmo::qt {
 
-/// One download. Reports from the event loop only, and may be cancelled inside of its reports.
-class Transfer : public QObject {
+/// One request to Qt's network.
+class Transfer : public QObject, public Connection {
 public:
-    using Report = std::function<void(const AsyncProperty&)>;
-
-    /// Starts. Throws as a Download does.
-    Transfer(QNetworkAccessManager& network, const AsyncRequest& request, const TransferLimits& limits,
-             Report progress, Report completed);
+    Transfer(QNetworkAccessManager& network, const std::string& target, ConnectionListener& listener);
     ~Transfer() override;
     Transfer(const Transfer&) = delete;
     Transfer& operator=(const Transfer&) = delete;
 
-    /// Nothing more is reported, and no file is left. The object deletes itself later.
-    void cancel();
-
 private:
-    void startTimers();
     void ask();
-    void watch();
+    void leave();
     bool diedBeforeAnswering() const;
     void receive();
     void finish();
-    void conclude();
     void noteAnswer();
 
-    Download download_;
-    Report progress_;
-    Report completed_;
     const QPointer<QNetworkAccessManager> network_;
+    const std::string target_;
+    ConnectionListener& listener_;
     QNetworkReply* reply_ = nullptr;
+    bool hasReceived_ = false;
     bool askedAgain_ = false;
-    bool over_ = false; ///< only the report is outstanding
-    QTimer stall_;
-    QTimer progressPause_;
 };
 
 } // namespace pixmo::qt
