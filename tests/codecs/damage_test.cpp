@@ -1,10 +1,6 @@
 #include "codecs/pagecodecs.h"
 #include "core/base/error.h"
-#include "tests/codecs/samplebmp.h"
-#include "tests/codecs/samplegif.h"
-#include "tests/codecs/samplejpeg.h"
-#include "tests/codecs/samplepng.h"
-#include "tests/codecs/sampletiff.h"
+#include "tests/codecs/pictures.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,64 +13,19 @@ namespace {
 struct Sample {
     std::string name;
     std::vector<uint8_t> bytes;
-    uint64_t width;
-    uint64_t height;
 };
 
-Sample tiffSample(int compression, uint16_t bits, uint16_t samples, uint32_t tile) {
-    TiffSpec spec;
-    spec.compression = static_cast<uint16_t>(compression);
-    spec.bits = bits;
-    spec.samples = samples;
-    spec.photometric = samples == 3 ? PHOTOMETRIC_RGB : PHOTOMETRIC_MINISBLACK;
-    spec.tile = tile;
-    spec.rowsPerStrip = 16;
-    return {"tiff " + std::to_string(compression), makeTiff(spec), spec.width, spec.height};
-}
-
-Sample jpegSample(const char* name, JpegSpec::Colours colours, bool progressive, bool arithmetic) {
-    JpegSpec spec;
-    spec.colours = colours;
-    spec.progressive = progressive;
-    spec.arithmetic = arithmetic;
-    return {name, makeJpeg(spec), spec.width, spec.height};
-}
-
-Sample pngSample(int colourType, int depth, bool interlaced) {
-    PngSpec spec;
-    spec.colourType = colourType;
-    spec.depth = depth;
-    spec.interlaced = interlaced;
-    return {"png " + std::to_string(colourType), makePng(spec), spec.width, spec.height};
-}
-
+/// One of each kind and coding.
 std::vector<Sample> samples() {
-    const GifSpec gif;
-    BmpSpec runs;
-    runs.bits = 8;
-    runs.compression = 1;
-    std::vector<uint8_t> runData;
-    for (uint32_t y = 0; y < runs.height; ++y)
-        runData.insert(runData.end(), {30, static_cast<uint8_t>(y), 0, 5, 1, 2, 3, 4, 5, 0, 0, 0});
-    BmpSpec plain;
-    plain.bits = 24;
-    return {tiffSample(COMPRESSION_NONE, 8, 3, 0),
-            tiffSample(COMPRESSION_PACKBITS, 1, 1, 0),
-            tiffSample(COMPRESSION_LZW, 8, 3, 16),
-            tiffSample(COMPRESSION_ADOBE_DEFLATE, 8, 1, 0),
-            tiffSample(COMPRESSION_CCITTRLE, 1, 1, 0),
-            tiffSample(COMPRESSION_CCITTFAX3, 1, 1, 0),
-            tiffSample(COMPRESSION_CCITTFAX4, 1, 1, 16),
-            tiffSample(COMPRESSION_JPEG, 8, 3, 0),
-            jpegSample("jpeg baseline", JpegSpec::Colours::YCbCr, false, false),
-            jpegSample("jpeg progressive", JpegSpec::Colours::Gray, true, false),
-            jpegSample("jpeg arithmetic", JpegSpec::Colours::Cmyk, false, true),
-            pngSample(PNG_COLOR_TYPE_GRAY, 1, false),
-            pngSample(PNG_COLOR_TYPE_PALETTE, 4, true),
-            pngSample(PNG_COLOR_TYPE_RGBA, 16, false),
-            {"gif", makeGif(gif), 39, 27},
-            {"bmp runs", wrapBmp(runs, runData), runs.width, runs.height},
-            {"bmp plain", makeBmp(plain), plain.width, plain.height}};
+    std::vector<Sample> all;
+    for (const char* name :
+         {"tiff-plain-rgb8x3-strips8.tif", "tiff-packbits-white1.tif", "tiff-lzw-rgb8x3-tiles-lsb.tif",
+          "tiff-deflate-black8-strips8-lsb.tif", "tiff-rle-white1.tif", "tiff-g3-white1.tif",
+          "tiff-g4-white1-tiles-lsb.tif", "tiff-jpeg-rgb8x3-strips16.tif", "jpeg-ycc.jpg",
+          "jpeg-gray-progressive.jpg", "jpeg-cmyk-arithmetic.jpg", "png-gray1.png", "png-map4-interlaced.png",
+          "png-rgba16.png", "gif4-one-frame.gif", "bmp8-runs.bmp", "bmp24-header40.bmp"})
+        all.push_back({name, storedBytes(name)});
+    return all;
 }
 
 /// The error's text, or "" when the bytes decode.
@@ -135,9 +86,9 @@ TEST(Damage, FlippedBytesEndInAnErrorOrAPicture) {
 
 TEST(Damage, ChecksumsOfPng) {
     const PageCodecs codecs;
-    const Sample sample = pngSample(PNG_COLOR_TYPE_RGB, 8, false);
-    for (size_t at = 8; at < sample.bytes.size(); at += 7) {
-        auto bytes = sample.bytes;
+    const auto whole = storedBytes("png-rgb8.png");
+    for (size_t at = 8; at < whole.size(); at += 7) {
+        auto bytes = whole;
         bytes[at] ^= 0x10;
         EXPECT_NE(problemOf(codecs, bytes), "") << "byte " << at;
     }
@@ -146,16 +97,18 @@ TEST(Damage, ChecksumsOfPng) {
 TEST(Limits, OfPixelsAndBytes) {
     PageCodecs codecs;
     for (const Sample& sample : samples()) {
-        const uint64_t pixels = sample.width * sample.height;
+        const Raster whole = codecs.decode(sample.bytes);
+        const auto pixels = static_cast<uint64_t>(whole.width) * static_cast<uint64_t>(whole.height);
         codecs.setLimits({.pixels = pixels, .bytes = 1'000'000});
         EXPECT_EQ(problemOf(codecs, sample.bytes), "") << sample.name;
         codecs.setLimits({.pixels = pixels - 1, .bytes = 1'000'000});
         EXPECT_THAT(problemOf(codecs, sample.bytes),
-                    testing::HasSubstr(std::to_string(sample.width) + " x " + std::to_string(sample.height) +
+                    testing::HasSubstr(std::to_string(whole.width) + " x " + std::to_string(whole.height) +
                                        " pixels are above the limit of " + std::to_string(pixels - 1)))
             << sample.name;
         codecs.setLimits({.pixels = pixels, .bytes = 100});
         EXPECT_NE(problemOf(codecs, sample.bytes), "") << sample.name;
+        codecs.setLimits({});
     }
 }
 
