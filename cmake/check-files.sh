@@ -32,6 +32,14 @@ checkScripts() {
         "${rooms[@]}" cmake samples run test .ci)
 }
 
+# What a merge leaves behind where two have changed the same.
+checkMarkers() {
+    local place
+    while IFS= read -r place; do
+        bad "$place: a conflict marker"
+    done < <(grep -rnIE '^(<{7}|>{7})( |$)|^={7}$' --exclude-dir=.git --exclude-dir=build . | cut -d : -f 1,2)
+}
+
 # Each header compiles alone: it includes what it uses. As an object, so that the compiler cache serves it.
 # A header that its own source includes before anything else is proved by a build without precompiled headers
 # (preset asan). The control library's headers need its own system and are left to its own build.
@@ -58,5 +66,7 @@ checkLengths
 checkScripts
 cmake -P cmake/PixmoChecks.cmake || status=1
 cmake/check-faces.sh || status=1
+cmake/check-members.sh || status=1
+checkMarkers
 checkHeaders
 exit "$status"

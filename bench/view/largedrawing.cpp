@@ -13,6 +13,7 @@ constexpr int Steps = 100;
 
 std::vector<Duration> steps(const ViewBench& bench, const std::function<void(int step)>& act) {
     std::vector<Duration> times;
+    times.reserve(Steps);
     for (int step = 0; step < Steps; ++step)
         times.push_back(bench.untilPainted([&] { act(step); }));
     return times;

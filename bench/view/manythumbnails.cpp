@@ -61,6 +61,7 @@ void seeAll(dlgThumbs& thumbs) {
 
 void scroll(dlgThumbs& thumbs, qt::ThumbsView& list) {
     std::vector<Duration> times;
+    times.reserve(Frames);
     for (int frame = 0; frame < Frames; ++frame)
         times.push_back(durationOf([&] {
             thumbs.scrollTo(thumbs.grid().scrollPosition() + (frame % 40 < 20 ? 7 : -7));

@@ -50,6 +50,7 @@ Duration durationOf(const std::function<void()>& act) {
 void report(const char* name, const std::vector<Duration>& durations) {
     const auto at = [&durations](double Duration::*field, size_t percent) {
         std::vector<double> values;
+        values.reserve(durations.size());
         for (const Duration& each : durations)
             values.push_back(each.*field);
         std::sort(values.begin(), values.end());

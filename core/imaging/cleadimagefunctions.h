@@ -27,7 +27,6 @@ public:
     cLeadImageFunctions(cErrObject& errorObject, RasterView& imageWindow, const PageDecoder& decoder);
 
     cErrObject& ERRR() const { return errorObject_; }
-    RasterView& ImageWindow() const { return imageWindow_; }
 
     int32_t imgFileToArray(const std::filesystem::path& path, Bytes& array) const;
     int32_t imgDecryptArray(std::span<uint8_t> array, int32_t encBytes) const;

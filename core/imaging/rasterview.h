@@ -86,7 +86,6 @@ public:
     /// The surface is painted anew.
     void repaint();
     /// Off, changes wait with repainting until it is on again. Starts on.
-    bool autoRepaint() const { return autoRepaint_; }
     void setAutoRepaint(bool on);
     /// Off, a 1-bit picture is shown in its two colours only. Starts on.
     bool GrayScale() const { return look_.bilevel == BilevelLook::ScaleToGray; }

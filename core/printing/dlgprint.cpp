@@ -33,14 +33,6 @@ void dlgPrint::setPrinterObject(cPrinter* printer) {
     printerName_ = printer ? printer->DeviceName() : std::string();
 }
 
-void dlgPrint::setPrintPages(const std::vector<int16_t>& pages) {
-    printPages_ = pages;
-    printType_ = SelectedPages;
-    for (const int16_t page : pages)
-        if (page >= 1 && page <= pageCount_)
-            selected_[static_cast<size_t>(page)] = true;
-}
-
 void dlgPrint::InitPageList() {
     procedure("InitPageList").step([this] {
         pageList_.clear();

@@ -46,7 +46,6 @@ public:
     const std::string& PrinterName() const { return printerName_; }
     /// In printing order. Set before, they are the selected pages.
     const std::vector<int16_t>& PrintPages() const { return printPages_; }
-    void setPrintPages(const std::vector<int16_t>& pages);
     int16_t PrintScale() const { return printScale_; }
     void setPrintScale(int16_t scale) { imageScale_ = printScale_ = scale; }
     int32_t Copies() const { return copies_; }

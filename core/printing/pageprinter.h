@@ -20,8 +20,6 @@ public:
     PagePrinter(cErrObject& errors, MessageBox& messageBox, cPrinter& printerObject)
         : errors_(errors), messageBox_(messageBox), printer_(printerObject) {}
 
-    cPrinter& PrinterObject() const { return printer_; }
-
     /// The whole job. Nothing is thrown: what failed is told by the result.
     PrintResult imgPrintDoc(const PrintRequest& request, PrintClient& client);
 

@@ -9,7 +9,7 @@ namespace pixmo::qt {
 namespace {
 
 QString taken(char* text) {
-    const QString result = QString::fromUtf8(text);
+    QString result = QString::fromUtf8(text);
     g_free(text);
     return result;
 }

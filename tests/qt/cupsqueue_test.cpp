@@ -35,7 +35,7 @@ protected:
     }
     /// Number, title, copies and options of the job that comes out.
     static QStringList job() {
-        const QStringList parts = QString::fromStdString(queue->options()).split(QLatin1Char('|'));
+        QStringList parts = QString::fromStdString(queue->options()).split(QLatin1Char('|'));
         queue->forgetJob();
         return parts;
     }

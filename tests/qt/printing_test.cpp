@@ -207,8 +207,10 @@ Raster sprinkled(int32_t width, int32_t height, double resolution) {
     Raster raster = makeRaster(PixelFormat::Bilevel, width, height);
     raster.xResolution = raster.yResolution = resolution;
     std::minstd_rand chance;
-    for (uint8_t& bits : raster.pixels)
-        bits = static_cast<uint8_t>(chance() & chance());
+    for (uint8_t& bits : raster.pixels) {
+        const auto half = chance();
+        bits = static_cast<uint8_t>(half & chance());
+    }
     return raster;
 }
 

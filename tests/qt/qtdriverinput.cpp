@@ -165,7 +165,7 @@ void QtDriver::choose(const std::string& text) {
 
 std::optional<ShownBox> QtDriver::answer(const std::vector<std::string>& buttons) {
     QPointer<QMessageBox> box;
-    const auto shown = onUi([&]() -> std::optional<ShownBox> {
+    auto shown = onUi([&]() -> std::optional<ShownBox> {
         box = standingBox();
         return box ? std::optional(look(*box)) : std::nullopt;
     });

@@ -27,9 +27,11 @@ ReaderOfFace makeReader();
 bool waitFor(const std::function<bool()>& condition, int milliseconds = 15'000);
 
 class ReaderTest : public testing::Test, protected AsyncReadListener {
+public:
+    ~ReaderTest() override;
+
 protected:
     ReaderTest();
-    ~ReaderTest() override;
 
     void makeReaderAgain();
     AsyncRequest request(const std::string& target, AsyncType type = AsyncType::ByteArray,

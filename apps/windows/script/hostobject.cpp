@@ -19,7 +19,7 @@ STDMETHODIMP HostObjectPart::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, 
     for (size_t at = 0; at < procedures_.size(); ++at) {
         if (lstrcmpiW(procedures_[at].first.c_str(), names[0]) != 0)
             continue;
-        ids[0] = static_cast<DISPID>(at + 1);
+        ids[0] = static_cast<DISPID>(at) + 1;
         return S_OK;
     }
     ids[0] = DISPID_UNKNOWN;

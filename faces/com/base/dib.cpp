@@ -38,7 +38,7 @@ std::vector<uint8_t> headerOf(const Raster& picture, int32_t height) {
     header.biHeight = height;
     header.biPlanes = 1;
     header.biBitCount = depthOf(picture.format);
-    header.biSizeImage = static_cast<DWORD>(strideOf(picture) * static_cast<size_t>(height));
+    header.biSizeImage = static_cast<DWORD>(strideOf(picture)) * static_cast<DWORD>(height);
     header.biXPelsPerMeter = picture.pixelsAMetre().first;
     header.biYPelsPerMeter = picture.pixelsAMetre().second;
     header.biClrUsed = static_cast<DWORD>(colours);

@@ -47,7 +47,7 @@ ComPtr<IConnectionPoint> FontLink::notifications() const {
 
 ComPtr<IFontDisp> FontLink::object(const Font& font) {
     const auto shown = object_.as<IFont>();
-    if (!shown || fontOf(*shown.get()) != font)
+    if (!shown || fontOf(*shown) != font)
         adopt(makeFontObject(font));
     return object_;
 }
@@ -58,7 +58,7 @@ void FontLink::adopt(ComPtr<IFontDisp> object) {
     if (const auto point = notifications()) {
         const auto sink = makeObject<FontSink>([this] {
             if (const auto font = object_.as<IFont>())
-                changed_(fontOf(*font.get()));
+                changed_(fontOf(*font));
         });
         point->Advise(sink.get(), &cookie_);
     }

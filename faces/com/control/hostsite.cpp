@@ -102,7 +102,7 @@ Colour HostSite::backColor() const {
 
 Font HostSite::font() const {
     const auto font = ambient(DISPID_AMBIENT_FONT).object().as<IFont>();
-    return font ? fontOf(*font.get()) : Font{};
+    return font ? fontOf(*font) : Font{};
 }
 
 bool HostSite::takesKey(MSG& message) const {

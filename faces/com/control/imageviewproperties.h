@@ -110,7 +110,7 @@ private:
     HRESULT put(const char* name, SHORT value) { return put(name, PropertyValue(int16_t{value})); }
     HRESULT put(const char* name, LONG value) { return put(name, PropertyValue(int32_t{value})); }
     HRESULT put(const char* name, OLE_COLOR value) { return put(name, PropertyValue(Colour{value})); }
-    HRESULT put(const char* name, ::vlPaperSize value) { return put(name, LONG{value}); }
+    HRESULT put(const char* name, ::vlPaperSize value) { return put(name, static_cast<LONG>(value)); }
     HRESULT putFont(IFontDisp* value);
 
     static void read(const PropertyValue& value, BSTR& target);

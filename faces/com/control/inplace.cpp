@@ -17,7 +17,7 @@ HRESULT InPlace::activate() {
             return E_FAIL;
         if (site->CanInPlaceActivate() != S_OK)
             return E_FAIL;
-        if (const HRESULT entered = enter(*site.get()); FAILED(entered))
+        if (const HRESULT entered = enter(*site); FAILED(entered))
             return entered;
     }
     visible_ = true;

@@ -11,6 +11,9 @@ struct Overloaded : Cases... {
     using Cases::operator()...;
 };
 
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
+
 } // namespace
 
 VARTYPE typeOf(const PropertyValue& like) {
@@ -44,7 +47,7 @@ std::optional<PropertyValue> toPropertyValue(const Variant& variant) {
     case VT_DISPATCH:
     case VT_UNKNOWN:
         if (const auto font = variant.object().as<IFont>())
-            return fontOf(*font.get());
+            return fontOf(*font);
         return std::nullopt;
     default:
         break;

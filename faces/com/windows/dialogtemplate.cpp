@@ -83,10 +83,6 @@ void DialogTemplate::addButton(const std::wstring& text, WORD id, const Place& p
         static_cast<DWORD>(WS_TABSTOP | (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON)));
 }
 
-void DialogTemplate::addEdit(WORD id, const Place& place, DWORD style) {
-    add(L"EDIT", {}, id, place, WS_TABSTOP | style, WS_EX_CLIENTEDGE);
-}
-
 const DLGTEMPLATE* DialogTemplate::data() const {
     return reinterpret_cast<const DLGTEMPLATE*>(words_.data());
 }

@@ -26,7 +26,6 @@ public:
     /// "&" before the mnemonic, which leads to the control added next.
     void addLabel(const std::wstring& text, WORD id, const Place& place, DWORD style = 0);
     void addButton(const std::wstring& text, WORD id, const Place& place, bool isDefault = false);
-    void addEdit(WORD id, const Place& place, DWORD style);
 
     const DLGTEMPLATE* data() const;
 

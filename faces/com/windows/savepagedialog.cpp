@@ -20,10 +20,11 @@ std::wstring filters() {
         std::wstring shown;
         std::wstring patterns;
         for (const char* pattern : filter.patterns) {
-            shown += (shown.empty() ? L"" : L", ") + toWide(pattern);
-            patterns += (patterns.empty() ? L"" : L";") + toWide(pattern);
+            shown.append(shown.empty() ? L"" : L", ").append(toWide(pattern));
+            patterns.append(patterns.empty() ? L"" : L";").append(toWide(pattern));
         }
-        texts += toWide(filter.name) + L" (" + shown + L")" + L'\0' + patterns + L'\0';
+        texts.append(toWide(filter.name)).append(L" (").append(shown).append(L")").push_back(L'\0');
+        texts.append(patterns).push_back(L'\0');
     }
     return texts;
 }

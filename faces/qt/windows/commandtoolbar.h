@@ -21,7 +21,6 @@ public:
     void setMenu(std::function<std::vector<MenuItem>()> menu,
                  std::function<void(const std::string& key)> run);
     /// nullptr for a key that no button ever had.
-    QAction* commandAction(const QString& key) const { return actions_.value(key); }
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;

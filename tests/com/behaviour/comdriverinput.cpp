@@ -211,7 +211,7 @@ void ComDriver::choose(const std::string& text) {
 
 std::optional<ShownBox> ComDriver::answer(const std::vector<std::string>& buttons) {
     HWND box = nullptr;
-    const auto shown = ui_.on([&]() -> std::optional<ShownBox> {
+    auto shown = ui_.on([&]() -> std::optional<ShownBox> {
         box = standingBox();
         return box ? std::optional(lookAtBox(box)) : std::nullopt;
     });

@@ -195,10 +195,11 @@ TEST_F(Automation, designersGetNamesOfValues) {
     Bstr shown;
     EXPECT_EQ(browsing->GetDisplayString(paper, shown.receive()), S_OK);
     EXPECT_EQ(shown.view(), L"A4");
-    EXPECT_EQ(browsing->GetPredefinedValue(paper, 28 * 100, value.receive()), E_INVALIDARG);
+    Variant other;
+    EXPECT_EQ(browsing->GetPredefinedValue(paper, 28 * 100, other.receive()), E_INVALIDARG);
     EXPECT_EQ(browsing->GetDisplayString(host.idOf(L"EncBytes"), shown.receive()), S_FALSE);
-    EXPECT_EQ(browsing->GetPredefinedValue(host.idOf(L"BorderStyle"), 1, value.receive()), S_OK);
-    EXPECT_EQ(value.type(), VT_I2);
+    EXPECT_EQ(browsing->GetPredefinedValue(host.idOf(L"BorderStyle"), 1, other.receive()), S_OK);
+    EXPECT_EQ(other.type(), VT_I2);
     for (ULONG at = 0; at < texts.cElems; ++at)
         CoTaskMemFree(texts.pElems[at]);
     CoTaskMemFree(texts.pElems);
