@@ -40,6 +40,19 @@ checkMarkers() {
     done < <(grep -rnIE '^(<{7}|>{7})( |$)|^={7}$' --exclude-dir=.git --exclude-dir=build . | cut -d : -f 1,2)
 }
 
+# What the documents point to is there: files and folders, and the tests that are said to show something.
+checkDocuments() {
+    local document target name suite test
+    while IFS=: read -r document target; do
+        [ -e "$(dirname "$document")/$target" ] || bad "$document: there is no $target"
+    done < <(grep -oHE '\]\([^)#: ]+[./][^)#: ]+\)' ./*.md docs/*.md bench/*.md samples/*.md | sed 's/](//; s/)$//')
+    while IFS= read -r name; do
+        suite=${name%%.*}
+        test=${name#*.}
+        grep -rqE "TEST(_[FP])?\($suite, ${test//\**/}" tests || bad "docs/testing.md: there is no test $name"
+    done < <(grep -oE '`[A-Z][A-Za-z]+\.[A-Za-z*]+' docs/testing.md | tr -d '`')
+}
+
 # Each header compiles alone: it includes what it uses. As an object, so that the compiler cache serves it.
 # A header that its own source includes before anything else is proved by a build without precompiled headers
 # (preset asan). The control library's headers need its own system and are left to its own build.
@@ -68,5 +81,6 @@ cmake -P cmake/PixmoChecks.cmake || status=1
 cmake/check-faces.sh || status=1
 cmake/check-members.sh || status=1
 checkMarkers
+checkDocuments
 checkHeaders
 exit "$status"
