@@ -1,12 +1,12 @@
 #include "apps/engine/documentstore.h"
 #include "apps/engine/naturalorder.h"
+#include "core/base/files.h"
 #include "tests/engine/samplefolder.h"
-#include "tests/engine/sampletiff.h"
+#include "tests/engine/storedframe.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <tiffio.h>
 
 namespace pixmo {
 namespace {
@@ -101,12 +101,8 @@ TEST(DocumentStore, NothingOutsideTheFolderIsReached) {
 
 TEST(DocumentStore, AnOnlyTiffGivesItsFrames) {
     const SampleFolder folder;
-    const SampleFrame gray{COMPRESSION_LZW};
-    const SampleFrame fax{COMPRESSION_CCITTFAX4, 1};
-    fs::create_directories(folder.path() / "1");
-    fs::create_directories(folder.path() / "2");
-    writeTiff(folder.path() / "1" / "scan.tif", {gray, fax, gray});
-    writeTiff(folder.path() / "2" / "single.tif", {gray});
+    folder.write("1/scan.tif", readFile(storedPicture("scan.tif")));
+    folder.write("2/single.tif", readFile(storedPicture("single.tif")));
     folder.write("3/broken.tif", "II* no picture");
     const DocumentStore store(folder.path());
     EXPECT_EQ(store.pageCount(1), 3U);
