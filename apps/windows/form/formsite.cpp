@@ -4,6 +4,21 @@
 
 namespace pixmo::form {
 
+HRESULT SiteOwner::ambient(DISPID property, VARIANT& value) {
+    switch (property) {
+    case DISPID_AMBIENT_USERMODE:
+        value.vt = VT_BOOL;
+        value.boolVal = VARIANT_TRUE;
+        return S_OK;
+    case DISPID_AMBIENT_LOCALEID:
+        value.vt = VT_I4;
+        value.lVal = static_cast<LONG>(GetUserDefaultLCID());
+        return S_OK;
+    default:
+        return DISP_E_MEMBERNOTFOUND;
+    }
+}
+
 STDMETHODIMP ClientSite::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
     *moniker = nullptr;
     return E_NOTIMPL;
@@ -48,18 +63,7 @@ STDMETHODIMP Ambients::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VA
                               UINT*) {
     if (!result)
         return E_POINTER;
-    switch (member) {
-    case DISPID_AMBIENT_USERMODE:
-        result->vt = VT_BOOL;
-        result->boolVal = VARIANT_TRUE;
-        return S_OK;
-    case DISPID_AMBIENT_LOCALEID:
-        result->vt = VT_I4;
-        result->lVal = static_cast<LONG>(GetUserDefaultLCID());
-        return S_OK;
-    default:
-        return DISP_E_MEMBERNOTFOUND;
-    }
+    return owner_ ? owner_->ambient(member, *result) : DISP_E_MEMBERNOTFOUND;
 }
 
 STDMETHODIMP Frame::GetWindow(HWND* window) {

@@ -10,7 +10,8 @@ namespace pixmo::form {
 
 using com::Exposed;
 
-/// The window that a site speaks for.
+/// The window that a site speaks for. Unless it says otherwise the form is run, not designed, looks as the
+/// system does, and leaves all keys to its controls.
 class SiteOwner {
 public:
     virtual ~SiteOwner() = default;
@@ -21,6 +22,13 @@ public:
     /// Who gets the keys from now on; null for nobody.
     virtual void setActive(IOleInPlaceActiveObject* object) = 0;
     virtual void enableModeless(bool enable) = 0;
+    virtual HRESULT ambient(DISPID property, VARIANT& value);
+    virtual HRESULT save() { return E_NOTIMPL; }
+    virtual bool mayActivate() const { return true; }
+    /// Whether it has a use for a key for which the control has none.
+    virtual bool takesKey(const MSG&) { return false; }
+    /// A step of the control's between its states, by the name of the call.
+    virtual void stepped(const char*) {}
 };
 
 /// One interface of the site; nothing of it is answered once the owner is gone.
@@ -33,13 +41,19 @@ public:
 
 protected:
     ~SitePart() = default;
+    HRESULT step(const char* call) {
+        if (owner_)
+            owner_->stepped(call);
+        return S_OK;
+    }
+
     SiteOwner* owner_;
 };
 
 class ClientSite : public SitePart<IOleClientSite> {
 public:
     using SitePart::SitePart;
-    STDMETHODIMP SaveObject() override { return E_NOTIMPL; }
+    STDMETHODIMP SaveObject() override { return owner_ ? owner_->save() : E_FAIL; }
     STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker** moniker) override;
     STDMETHODIMP GetContainer(IOleContainer** container) override;
     STDMETHODIMP ShowObject() override { return S_OK; }
@@ -55,14 +69,14 @@ public:
     using SitePart::SitePart;
     STDMETHODIMP GetWindow(HWND* window) override;
     STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-    STDMETHODIMP CanInPlaceActivate() override { return owner_ ? S_OK : S_FALSE; }
-    STDMETHODIMP OnInPlaceActivate() override { return S_OK; }
-    STDMETHODIMP OnUIActivate() override { return S_OK; }
+    STDMETHODIMP CanInPlaceActivate() override { return owner_ && owner_->mayActivate() ? S_OK : S_FALSE; }
+    STDMETHODIMP OnInPlaceActivate() override { return step("OnInPlaceActivate"); }
+    STDMETHODIMP OnUIActivate() override { return step("OnUIActivate"); }
     STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place,
                                   LPRECT clip, LPOLEINPLACEFRAMEINFO info) override;
     STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
-    STDMETHODIMP OnUIDeactivate(BOOL) override { return S_OK; }
-    STDMETHODIMP OnInPlaceDeactivate() override { return S_OK; }
+    STDMETHODIMP OnUIDeactivate(BOOL) override { return step("OnUIDeactivate"); }
+    STDMETHODIMP OnInPlaceDeactivate() override { return step("OnInPlaceDeactivate"); }
     STDMETHODIMP DiscardUndoState() override { return E_NOTIMPL; }
     STDMETHODIMP DeactivateAndUndo() override { return E_NOTIMPL; }
     STDMETHODIMP OnPosRectChange(LPCRECT) override { return S_OK; }
@@ -78,15 +92,17 @@ public:
     STDMETHODIMP LockInPlaceActive(BOOL) override { return E_NOTIMPL; }
     STDMETHODIMP GetExtendedControl(IDispatch** control) override;
     STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
-    STDMETHODIMP TranslateAccelerator(MSG*, DWORD) override { return S_FALSE; }
-    STDMETHODIMP OnFocus(BOOL) override { return S_OK; }
+    STDMETHODIMP TranslateAccelerator(MSG* message, DWORD) override {
+        return owner_ && owner_->takesKey(*message) ? S_OK : S_FALSE;
+    }
+    STDMETHODIMP OnFocus(BOOL focused) override { return step(focused ? "OnFocus(true)" : "OnFocus(false)"); }
     STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }
 
 protected:
     ~ControlSite() = default;
 };
 
-/// The ambient properties: the form is run, not designed, and looks as the system does.
+/// The ambient properties.
 class Ambients : public SitePart<IDispatch> {
 public:
     using SitePart::SitePart;

@@ -1,6 +1,6 @@
 #include "apps/windows/script/session.h"
 
-#include "apps/windows/script/eventforwarder.h"
+#include "apps/windows/script/scriptevents.h"
 #include "core/base/error.h"
 #include "faces/com/base/boundary.h"
 

@@ -21,6 +21,8 @@ namespace {
 constexpr const wchar_t* ClassName = L"PixmoViewer";
 constexpr const wchar_t* Title = L"Pixmo Viewer";
 
+constexpr DISPID IdPageChanged = 4;
+
 /// Device-independent pixels.
 constexpr int Margin = 6;
 constexpr int TextMargin = 4; ///< above and below the text of a field
@@ -114,8 +116,12 @@ void ViewerWindow::placeControl(Source source) {
     }
     control_ = std::make_unique<form::PlacedControl>(window_);
     control_->put(made, controlPlace());
-    events_.connect(control_->as<IConnectionPointContainer>(),
-                    [this](int document, int page) { pageChanged(document, page); });
+    events_.connect(control_->as<IConnectionPointContainer>(), DIID_IImageViewEvents,
+                    [this](DISPID event, DISPPARAMS& arguments) {
+                        if (event == IdPageChanged && arguments.cArgs == 2)
+                            pageChanged(static_cast<int>(arguments.rgvarg[1].lVal),
+                                        static_cast<int>(arguments.rgvarg[0].lVal));
+                    });
     const auto view = control_->as<IImageView>();
     view->put_ThumbsAvailable(VARIANT_TRUE);
     layOut();

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "apps/windows/form/eventsink.h"
 #include "apps/windows/form/placedcontrol.h"
-#include "apps/windows/viewer/viewerevents.h"
 #include "faces/com/windows/gdi.h"
 #include "faces/com/windows/programicon.h"
 
@@ -57,7 +57,7 @@ private:
     com::WindowIcons icons_;
     int shownDocument_ = 0;
     std::unique_ptr<form::PlacedControl> control_;
-    ViewerEvents events_;
+    form::EventConnection events_;
 };
 
 } // namespace pixmo::viewer

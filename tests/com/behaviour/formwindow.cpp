@@ -43,7 +43,7 @@ bool FormWindow::makeParts(SIZE size) {
     before_ = makeField(handle());
     object_ = makeObject<ImageViewObject>(nullptr);
     container_ = std::make_unique<Container>(ComPtr<IUnknown>(&object_->identity()), FormRun, handle());
-    container_->site.takesKey = [this](const MSG& message) { return takesKey(message); };
+    container_->site.keyTaker = [this](const MSG& message) { return takesKey(message); };
     container_->events.handler = [this](DISPID event, DISPPARAMS& arguments) { onEvent(event, arguments); };
     container_->initialise();
     container_->activate();

@@ -25,7 +25,7 @@ TEST_P(Activation, theWindowComesWithThePlace) {
     host.activate();
     const HWND window = host.controlWindow();
     ASSERT_TRUE(IsWindow(window));
-    EXPECT_EQ(GetParent(window), host.site.window);
+    EXPECT_EQ(GetParent(window), host.site.handle);
     EXPECT_TRUE(IsWindowVisible(window));
     EXPECT_EQ(host.text(L"hWnd"), std::to_string(HandleToLong(window)));
     RECT place{};
@@ -199,7 +199,7 @@ TEST_F(Modes, modalWindowsAreAnnouncedToTheFrame) {
         PostMessageW(dialog, WM_CLOSE, 0, 0);
     });
     EXPECT_EQ(host.as<IImageView>()->AboutBox(), S_OK);
-    EXPECT_EQ(owner, host.site.window);
+    EXPECT_EQ(owner, host.site.handle);
     EXPECT_EQ(depth, 1);
     EXPECT_EQ(host.site.modelessDepth, 0);
 }

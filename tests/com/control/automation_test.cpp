@@ -168,8 +168,8 @@ TEST_F(Automation, connectionPointsAndConnectionsAreCounted) {
     EXPECT_EQ(connections->Skip(1), S_FALSE);
     connection.pUnk->Release();
     DWORD cookie = 0;
-    EventRecord record;
-    EXPECT_EQ(found[1]->Advise(&makeObject<EventSink>(record)->identity(), &cookie), CONNECT_E_CANNOTCONNECT)
+    EXPECT_EQ(found[1]->Advise(&makeObject<form::EventSink>(form::EventHandler())->identity(), &cookie),
+              CONNECT_E_CANNOTCONNECT)
         << "no sink for changed properties";
     EXPECT_EQ(found[1]->Unadvise(77), CONNECT_E_NOCONNECTION);
     for (ULONG at = 0; at < count; ++at)

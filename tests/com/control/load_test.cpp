@@ -114,10 +114,10 @@ TEST_F(Documents, handlersChangeKeysByReference) {
     Container host(library, FormRun);
     host.initialise();
     ASSERT_EQ(host.verb(OLEIVERB_UIACTIVATE), S_OK);
-    SetForegroundWindow(host.site.window);
+    SetForegroundWindow(host.site.handle);
     host.verb(OLEIVERB_UIACTIVATE);
     const HWND focused = GetFocus();
-    ASSERT_TRUE(focused && IsChild(host.site.window, focused));
+    ASSERT_TRUE(focused && IsChild(host.site.handle, focused));
     const auto type = [&](char letter) {
         host.events.events.clear();
         const UINT scan = MapVirtualKeyW(static_cast<UINT>(letter), MAPVK_VK_TO_VSC) << 16U;

@@ -58,9 +58,9 @@ protected:
         ASSERT_EQ(page->GetPageInfo(&info), S_OK);
         CoTaskMemFree(info.pszTitle);
         const RECT place{0, 0, info.size.cx, info.size.cy};
-        ASSERT_EQ(page->Activate(first.site.window, &place, FALSE), S_OK);
+        ASSERT_EQ(page->Activate(first.site.handle, &place, FALSE), S_OK);
         ASSERT_EQ(page->Show(SW_SHOW), S_OK);
-        dialog = FindWindowExW(first.site.window, nullptr, L"#32770", nullptr);
+        dialog = FindWindowExW(first.site.handle, nullptr, L"#32770", nullptr);
         ASSERT_TRUE(dialog);
     }
     void TearDown() override {

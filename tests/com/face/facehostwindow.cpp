@@ -9,15 +9,11 @@ constexpr DWORD Slice = 20;
 
 } // namespace
 
-std::shared_ptr<FaceHostWindow> FaceHostWindow::create(SIZE inside, const wchar_t* title) {
+std::shared_ptr<FaceHostWindow> FaceHostWindow::create(SIZE inside) {
     auto host = std::make_shared<FaceHostWindow>();
-    host->framed_ = title != nullptr;
-    const DWORD style = title ? WS_OVERLAPPEDWINDOW : WS_POPUP;
-    RECT place = {0, 0, inside.cx, inside.cy};
-    AdjustWindowRect(&place, style, FALSE);
-    OffsetRect(&place, 20 - place.left, 20 - place.top);
+    const RECT place = {20, 20, 20 + inside.cx, 20 + inside.cy};
     if (!host->make({L"Pixmo.TestHost"},
-                    {nullptr, style | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, place, title ? title : L""}))
+                    {nullptr, WS_POPUP | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT, place, L""}))
         return nullptr;
     host->face_ = std::make_unique<ControlFace>(*host);
     host->control().UserControl_InitProperties();
@@ -34,10 +30,7 @@ FaceHostWindow::~FaceHostWindow() {
 }
 
 void FaceHostWindow::resizeInside(SIZE inside) const {
-    RECT place = {0, 0, inside.cx, inside.cy};
-    AdjustWindowRect(&place, static_cast<DWORD>(GetWindowLongPtrW(handle(), GWL_STYLE)), FALSE);
-    SetWindowPos(handle(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
-                 SWP_NOMOVE | SWP_NOZORDER);
+    SetWindowPos(handle(), nullptr, 0, 0, inside.cx, inside.cy, SWP_NOMOVE | SWP_NOZORDER);
 }
 
 std::optional<LRESULT> FaceHostWindow::onMessage(UINT message, WPARAM, LPARAM lParam) {

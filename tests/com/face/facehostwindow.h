@@ -18,8 +18,8 @@ public:
     /// Sent by whoever wants the face to end.
     static constexpr UINT EndFace = WM_APP;
 
-    /// Device pixels of the inside; the window has a frame when it has a title.
-    static std::shared_ptr<FaceHostWindow> create(SIZE inside, const wchar_t* title = nullptr);
+    /// Device pixels; the window has no frame.
+    static std::shared_ptr<FaceHostWindow> create(SIZE inside);
     ~FaceHostWindow() override;
 
     ControlFace& face() { return *face_; }
@@ -48,7 +48,6 @@ protected:
 
 private:
     std::unique_ptr<ControlFace> face_;
-    bool framed_ = false;
 };
 
 /// Handles messages, as a host does, until `done` says so. False when that takes longer than half a minute.

@@ -4,7 +4,9 @@
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/safety.h"
 
+#include <map>
 #include <ocidl.h>
+#include <olectl.h>
 
 namespace pixmo::com::test {
 
@@ -15,17 +17,41 @@ HWND makeWindow() {
                            500, 400, nullptr, nullptr, nullptr, nullptr);
 }
 
+const char* nameOf(DISPID event) {
+    static const std::map<DISPID, const char*> names{
+        {DISPID_CLICK, "Click"},       {DISPID_DBLCLICK, "DblClick"}, {DISPID_KEYDOWN, "KeyDown"},
+        {DISPID_KEYPRESS, "KeyPress"}, {DISPID_KEYUP, "KeyUp"},       {1, "PrintJobBegin"},
+        {2, "PrintJobBeginEX"},        {3, "PrintJobFinish"},         {4, "PageChanged"},
+        {5, "BookmarkRequested"},
+    };
+    const auto found = names.find(event);
+    return found == names.end() ? "unknown" : found->second;
+}
+
 } // namespace
+
+void EventRecord::note(DISPID event, DISPPARAMS& arguments) {
+    std::string line = nameOf(event) + std::string("(");
+    for (UINT at = arguments.cArgs; at > 0; --at) {
+        Variant text;
+        text.assignFrom(&arguments.rgvarg[at - 1]);
+        text.convertTo(VT_BSTR);
+        line += (at == arguments.cArgs ? "" : ", ") + textOf(text.get()->bstrVal);
+    }
+    events.push_back(line + ")");
+    if (handler)
+        handler(event, arguments);
+}
 
 Container::Container(const Library& library, const HostProfile& profile)
     : Container(library.makeControl(), profile, profile.hasPlace ? makeWindow() : nullptr) {
-    ownWindow_ = site.window;
+    ownWindow_ = site.handle;
 }
 
 Container::Container(ComPtr<IUnknown> control, const HostProfile& profile, HWND window)
     : control_(std::move(control)) {
     site.profile = profile;
-    site.window = window;
+    site.handle = window;
     if (!profile.hasPlace) {
         connectEvents();
         return;
@@ -46,7 +72,7 @@ Container::Container(ComPtr<IUnknown> control, const HostProfile& profile, HWND 
         connectEvents();
         return;
     }
-    const auto sink = makeObject<EventSink>(events);
+    const auto sink = makeSink();
     QACONTAINER given{};
     given.cbSize = sizeof given;
     given.pClientSite = clientSite_.get();
@@ -66,7 +92,12 @@ Container::~Container() {
 
 void Container::connectEvents() {
     check(as<IConnectionPointContainer>()->FindConnectionPoint(DIID_IImageViewEvents, eventPoint_.receive()));
-    check(eventPoint_->Advise(&makeObject<EventSink>(events)->identity(), &eventCookie_));
+    check(eventPoint_->Advise(&makeSink()->identity(), &eventCookie_));
+}
+
+ComPtr<form::EventSink> Container::makeSink() {
+    return makeObject<form::EventSink>(
+        [this](DISPID event, DISPPARAMS& arguments) { events.note(event, arguments); });
 }
 
 void Container::initialise() {
@@ -89,13 +120,12 @@ void Container::activate() {
 }
 
 void Container::move(const RECT& place) {
-    site.place = place;
-    site.clip = place;
+    site.area = place;
     check(as<IOleInPlaceObject>()->SetObjectRects(&place, &place));
 }
 
 HRESULT Container::verb(LONG verb) {
-    return as<IOleObject>()->DoVerb(verb, nullptr, clientSite_.get(), 0, site.window, &site.place);
+    return as<IOleObject>()->DoVerb(verb, nullptr, clientSite_.get(), 0, site.handle, &site.area);
 }
 
 ULONG Container::close() {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "apps/windows/form/eventsink.h"
 #include "faces/com/base/variant.h"
-#include "tests/com/control/hosting/eventsink.h"
 #include "tests/com/control/hosting/library.h"
 #include "tests/com/control/hosting/memorybag.h"
 #include "tests/com/control/hosting/site.h"
@@ -11,6 +11,15 @@
 struct IImageView;
 
 namespace pixmo::com::test {
+
+/// What came of the control's events: "name(argument, ...)" by the numbers of the event interface.
+struct EventRecord {
+    void note(DISPID event, DISPPARAMS& arguments);
+
+    std::vector<std::string> events;
+    /// Acts as the host's handler; it may change what came by reference.
+    form::EventHandler handler;
+};
 
 /// A host of one control that behaves as its profile says, with a window of its own.
 class Container {
@@ -58,6 +67,8 @@ public:
 private:
     HRESULT invoke(const wchar_t* name, WORD flags, DISPPARAMS parameters, VARIANT* result) const;
     void connectEvents();
+    /// Writes the events down.
+    ComPtr<form::EventSink> makeSink();
 
     HWND ownWindow_ = nullptr;
     ComPtr<IUnknown> control_;

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "faces/com/base/comobject.h"
+#include "apps/windows/form/formsite.h"
 #include "faces/com/base/variant.h"
 #include "tests/com/control/hosting/hostprofile.h"
 
 #include <functional>
 #include <map>
-#include <oaidl.h>
-#include <ocidl.h>
-#include <oleidl.h>
 #include <servprov.h>
 #include <string>
 #include <vector>
@@ -16,12 +13,12 @@
 namespace pixmo::com::test {
 
 /// What a host's site and frame answer, and what the control has asked of them.
-struct SiteRecord {
+class SiteRecord : public form::SiteOwner {
+public:
     HostProfile profile;
     std::map<DISPID, Variant> ambients;
-    HWND window = nullptr;
-    RECT place{0, 0, 400, 300};
-    RECT clip{0, 0, 400, 300};
+    HWND handle = nullptr;
+    RECT area{0, 0, 400, 300};
     bool refusesActivation = false;
 
     std::vector<std::string> calls;
@@ -29,132 +26,57 @@ struct SiteRecord {
     ComPtr<IOleInPlaceActiveObject> active;
     std::vector<WPARAM> keys; ///< offered to the site
     /// Whether the host takes a key that it is offered; none: as its profile says.
-    std::function<bool(const MSG&)> takesKey;
+    std::function<bool(const MSG&)> keyTaker;
 
-    void called(std::string call) { calls.push_back(std::move(call)); }
+private:
+    HWND window() const override { return handle; }
+    RECT place() const override { return area; }
+    void setActive(IOleInPlaceActiveObject* object) override {
+        active = ComPtr<IOleInPlaceActiveObject>(object);
+    }
+    void enableModeless(bool enable) override { modelessDepth += enable ? -1 : 1; }
+    HRESULT ambient(DISPID property, VARIANT& value) override {
+        const auto found = ambients.find(property);
+        return found == ambients.end() ? DISP_E_MEMBERNOTFOUND : VariantCopy(&value, found->second.get());
+    }
+    HRESULT save() override {
+        calls.emplace_back("SaveObject");
+        return S_OK;
+    }
+    bool mayActivate() const override { return !refusesActivation; }
+    bool takesKey(const MSG& message) override {
+        keys.push_back(message.wParam);
+        return keyTaker ? keyTaker(message) : profile.takesKeys;
+    }
+    void stepped(const char* call) override { calls.emplace_back(call); }
 };
 
-template <class Interface, class... Extended>
-class SitePart : public Interface {
+/// A page's site offers the browser's own window.
+class Services : public form::SitePart<IServiceProvider> {
 public:
-    using Exposes = Exposed<Interface, Extended...>;
-    explicit SitePart(SiteRecord& record) : record_(record) {}
+    explicit Services(SiteRecord& record) : SitePart(record), isPage_(record.profile.isPage) {}
+    STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** object) override {
+        static constexpr GUID browser{0x0002DF05, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+        *object = nullptr;
+        return isPage_ && IsEqualGUID(service, browser) ? QueryInterface(iid, object) : E_NOINTERFACE;
+    }
 
 protected:
-    ~SitePart() = default;
-    SiteRecord& record_;
+    ~Services() = default;
+
+private:
+    const bool isPage_;
 };
 
-class ClientSitePart : public SitePart<IOleClientSite> {
+template <class... Parts>
+class TestSite final
+    : public ComObject<form::ClientSite, form::InPlaceSite, form::ControlSite, form::Frame, Parts...> {
 public:
-    using SitePart::SitePart;
-    STDMETHODIMP SaveObject() override;
-    STDMETHODIMP GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetContainer(IOleContainer** container) override;
-    STDMETHODIMP ShowObject() override { return S_OK; }
-    STDMETHODIMP OnShowWindow(BOOL) override { return S_OK; }
-    STDMETHODIMP RequestNewObjectLayout() override { return E_NOTIMPL; }
-
-protected:
-    ~ClientSitePart() = default;
+    explicit TestSite(SiteRecord& record) : TestSite::ComObject(nullptr, record) {}
 };
 
-class InPlaceSitePart : public SitePart<IOleInPlaceSite, IOleWindow> {
-public:
-    using SitePart::SitePart;
-    STDMETHODIMP GetWindow(HWND* window) override;
-    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-    STDMETHODIMP CanInPlaceActivate() override { return record_.refusesActivation ? S_FALSE : S_OK; }
-    STDMETHODIMP OnInPlaceActivate() override;
-    STDMETHODIMP OnUIActivate() override;
-    STDMETHODIMP GetWindowContext(IOleInPlaceFrame** frame, IOleInPlaceUIWindow** document, LPRECT place,
-                                  LPRECT clip, LPOLEINPLACEFRAMEINFO info) override;
-    STDMETHODIMP Scroll(SIZE) override { return E_NOTIMPL; }
-    STDMETHODIMP OnUIDeactivate(BOOL) override;
-    STDMETHODIMP OnInPlaceDeactivate() override;
-    STDMETHODIMP DiscardUndoState() override { return S_OK; }
-    STDMETHODIMP DeactivateAndUndo() override { return S_OK; }
-    STDMETHODIMP OnPosRectChange(LPCRECT) override { return S_OK; }
-
-protected:
-    ~InPlaceSitePart() = default;
-};
-
-class ControlSitePart : public SitePart<IOleControlSite> {
-public:
-    using SitePart::SitePart;
-    STDMETHODIMP OnControlInfoChanged() override { return S_OK; }
-    STDMETHODIMP LockInPlaceActive(BOOL) override { return S_OK; }
-    STDMETHODIMP GetExtendedControl(IDispatch**) override { return E_NOTIMPL; }
-    STDMETHODIMP TransformCoords(POINTL*, POINTF*, DWORD) override { return E_NOTIMPL; }
-    STDMETHODIMP TranslateAccelerator(MSG* message, DWORD modifiers) override;
-    STDMETHODIMP OnFocus(BOOL focused) override;
-    STDMETHODIMP ShowPropertyFrame() override { return E_NOTIMPL; }
-
-protected:
-    ~ControlSitePart() = default;
-};
-
-/// The ambient properties; a host without them answers as one that has no such interface.
-class AmbientPart : public SitePart<IDispatch> {
-public:
-    using SitePart::SitePart;
-    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    STDMETHODIMP Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
-                        UINT*) override;
-
-protected:
-    ~AmbientPart() = default;
-};
-
-class ServicePart : public SitePart<IServiceProvider> {
-public:
-    using SitePart::SitePart;
-    STDMETHODIMP QueryService(REFGUID service, REFIID iid, void** object) override;
-
-protected:
-    ~ServicePart() = default;
-};
-
-class FramePart : public SitePart<IOleInPlaceFrame, IOleInPlaceUIWindow, IOleWindow> {
-public:
-    using SitePart::SitePart;
-    STDMETHODIMP GetWindow(HWND* window) override;
-    STDMETHODIMP ContextSensitiveHelp(BOOL) override { return E_NOTIMPL; }
-    STDMETHODIMP GetBorder(LPRECT) override { return E_NOTIMPL; }
-    STDMETHODIMP RequestBorderSpace(LPCBORDERWIDTHS) override { return E_NOTIMPL; }
-    STDMETHODIMP SetBorderSpace(LPCBORDERWIDTHS) override { return S_OK; }
-    STDMETHODIMP SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR name) override;
-    STDMETHODIMP InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return E_NOTIMPL; }
-    STDMETHODIMP SetMenu(HMENU, HOLEMENU, HWND) override { return E_NOTIMPL; }
-    STDMETHODIMP RemoveMenus(HMENU) override { return E_NOTIMPL; }
-    STDMETHODIMP SetStatusText(LPCOLESTR) override { return E_NOTIMPL; }
-    STDMETHODIMP EnableModeless(BOOL enable) override;
-    STDMETHODIMP TranslateAccelerator(LPMSG, WORD) override { return S_FALSE; }
-
-protected:
-    ~FramePart() = default;
-};
-
-using Site = ComObject<ClientSitePart, InPlaceSitePart, ControlSitePart, AmbientPart, ServicePart>;
-using PlainSite = ComObject<ClientSitePart, InPlaceSitePart, ControlSitePart>;
-
-class FullSite final : public Site {
-public:
-    explicit FullSite(SiteRecord& record) : ComObject(nullptr, record) {}
-};
-
+using FullSite = TestSite<form::Ambients, Services>;
 /// Without ambient properties and services.
-class BareSite final : public PlainSite {
-public:
-    explicit BareSite(SiteRecord& record) : ComObject(nullptr, record) {}
-};
-
-class Frame final : public ComObject<FramePart> {
-public:
-    explicit Frame(SiteRecord& record) : ComObject(nullptr, record) {}
-};
+using BareSite = TestSite<>;
 
 } // namespace pixmo::com::test
