@@ -1,5 +1,4 @@
 #include "tests/soak/randomuser.h"
-#include "tests/soak/soak.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,21 +14,9 @@ int numberAt(qsizetype place, int usual) {
     return number > 0 ? number : usual;
 }
 
-bool turnPages() {
-    return pixmo::qt::Soak(numberAt(1, 2000)).run();
-}
-
-bool doAnything() {
-    const int steps = numberAt(2, 20'000);
-    const auto seed = static_cast<uint32_t>(numberAt(3, static_cast<int>(std::random_device()() >> 1)));
-    std::printf("seed %u\n", seed);
-    std::fflush(stdout);
-    return pixmo::qt::RandomUser(seed).run(steps);
-}
-
 } // namespace
 
-// pixmo_soak [PAGE-CHANGES], or pixmo_soak random [STEPS [SEED]]
+// pixmo_soak [STEPS [SEED]]
 int main(int argc, char** argv) {
     const QTemporaryDir home;
     for (const char* folder : {"TMPDIR", "XDG_CONFIG_HOME", "HOME"})
@@ -40,6 +27,8 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    const bool random = QApplication::arguments().value(1) == QLatin1String("random");
-    return (random ? doAnything() : turnPages()) ? 0 : 1;
+    const auto seed = static_cast<uint32_t>(numberAt(2, static_cast<int>(std::random_device()() >> 1)));
+    std::printf("seed %u\n", seed);
+    std::fflush(stdout);
+    return pixmo::qt::RandomUser(seed).run(numberAt(1, 20'000)) ? 0 : 1;
 }

@@ -16,6 +16,8 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <unistd.h>
 
 namespace pixmo::qt {
 
@@ -30,6 +32,18 @@ Qt::KeyboardModifiers modifiersOf(int bits) {
     modifiers.setFlag(Qt::ControlModifier, (bits & 2) != 0);
     modifiers.setFlag(Qt::AltModifier, (bits & 4) != 0);
     return modifiers;
+}
+
+/// Caches of the libraries fill up at first; what grows in the second half of a long run grows for ever.
+constexpr int LongRun = 10'000;
+constexpr int64_t AllowedGrowth = int64_t{16} << 20;
+
+int64_t residentBytes() {
+    std::ifstream facts("/proc/self/statm");
+    int64_t whole = 0;
+    int64_t resident = 0;
+    facts >> whole >> resident;
+    return resident * sysconf(_SC_PAGESIZE);
 }
 
 int filesLeft() {
@@ -74,9 +88,9 @@ void RandomUser::begin() {
 }
 
 bool RandomUser::run(int steps) {
-    wanted_ = steps;
     begin();
-    while (steps_ < wanted_ && sane_) {
+    int64_t halfway = 0;
+    while (steps_ < steps && sane_) {
         step();
         QTest::qWait(chance(4) == 0 ? chance(6) : 0);
         if (depth_ == 0 && chance(400) == 0) {
@@ -84,8 +98,14 @@ bool RandomUser::run(int steps) {
             begin();
         }
         sane_ = sane_ && isSane();
+        if (steps_ > steps / 2 && halfway == 0)
+            halfway = residentBytes();
     }
-    std::printf("%d steps, %d windows and menus answered\n", steps_, windows_);
+    const int64_t growth = residentBytes() - halfway;
+    std::printf("%d steps, %d windows and menus answered, %lld bytes grown in the second half\n", steps_,
+                windows_, static_cast<long long>(growth));
+    if (steps >= LongRun && growth > AllowedGrowth)
+        return fail("memory grows");
     return sane_ && worksAfterAll();
 }
 

@@ -48,7 +48,6 @@ private:
     QTimer attention_;
     int depth_ = 0; ///< steps inside of steps
     int steps_ = 0;
-    int wanted_ = 0;
     int windows_ = 0;
     bool sane_ = true;
 };
