@@ -1,10 +1,8 @@
 #include "tests/qt/engineprocess.h"
 
 #include "tests/qt/waiting.h"
+#include "tests/transfers/enginecontrol.h"
 
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <memory>
 #include <stdexcept>
 
 namespace pixmo::qt {
@@ -26,25 +24,12 @@ EngineProcess::~EngineProcess() {
     process_.waitForFinished(Patience);
 }
 
-QByteArray EngineProcess::ask(const QString& path, const QByteArray* body) const {
-    QNetworkAccessManager network;
-    QNetworkRequest request(QUrl(address_).resolved(QUrl(path)));
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("text/plain"));
-    const std::unique_ptr<QNetworkReply> reply(body ? network.post(request, *body) : network.get(request));
-    if (!waitFor([&] { return reply->isFinished(); }) || reply->error() != QNetworkReply::NoError)
-        throw std::runtime_error("The engine does not take orders: " + reply->errorString().toStdString());
-    return reply->readAll();
-}
-
 void EngineProcess::setFaults(const QByteArray& faults) const {
-    ask(QStringLiteral("/faults"), &faults);
+    transfers::EngineControl(address_.toStdString()).setFaults(faults.toStdString());
 }
 
 int EngineProcess::requests(const QByteArray& kind) const {
-    for (const QByteArray& line : ask(QStringLiteral("/stats"), nullptr).split('\n'))
-        if (line.startsWith(kind))
-            return line.mid(kind.size()).trimmed().toInt();
-    return 0;
+    return transfers::EngineControl(address_.toStdString()).requests(kind.toStdString());
 }
 
 } // namespace pixmo::qt

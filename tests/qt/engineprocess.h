@@ -21,8 +21,6 @@ public:
     int requests(const QByteArray& kind) const;
 
 private:
-    QByteArray ask(const QString& path, const QByteArray* body) const;
-
     QProcess process_;
     QString address_;
 };

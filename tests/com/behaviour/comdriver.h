@@ -2,9 +2,9 @@
 
 #include "core/base/toolbar.h"
 #include "tests/behaviour/facedriver.h"
-#include "tests/com/behaviour/enginecontrol.h"
 #include "tests/com/behaviour/formwindow.h"
 #include "tests/com/behaviour/uithread.h"
+#include "tests/transfers/enginecontrol.h"
 
 #include <functional>
 #include <memory>
@@ -116,7 +116,7 @@ private:
 
     const UiThread& ui_;
     const std::string address_;
-    const EngineControl engine_;
+    const transfers::EngineControl engine_;
     std::shared_ptr<FormWindow> form_;
     /// Of a property: the host has it as the error of its own call, not as the control's last one.
     std::optional<behaviour::LastError> refusal_;

@@ -20,7 +20,14 @@ Host.Check view.PrintPageNums = False, "Boolean"
 Host.Check view.EncBytes = 64, "a number given as text"
 Host.Check view.Delimiter = "|", "the first character that is no blank"
 view.Font.Size = 12
-Host.Check view.Font.Size = 12, "the font's own properties"
+view.Font.Bold = True
+Host.Check view.Font.Size = 12 And view.Font.Bold, "the font's own properties"
+view.PrintPageNums = 1
+Host.Check view.PrintPageNums = True, "a Boolean given as a number"
+view.PrintPageNums = 0
+Host.Check view.PrintPageNums = False, "and back"
+view.PrintCaption = 5
+Host.Check view.PrintCaption = "5", "a text given as a number"
 
 On Error Resume Next
 view.PublicKey = ""
@@ -33,6 +40,20 @@ Host.Check Err.Number = 13, "a type mismatch: " & Err.Number
 Err.Clear
 view.PrintCapFontSize = 100000
 Host.Check Err.Number = 6, "an overflow: " & Err.Number
+Err.Clear
+view.FetchDelay = -1
+Host.Check Err.Number = 380, "a number out of bounds: " & Err.Number
+Host.Check Err.Source = "VellaneInet.ImageView.FetchDelay", "its source: " & Err.Source
+Err.Clear
+view.BorderStyle = 2
+Host.Check Err.Number = 380, "a style that is none: " & Err.Number
+Host.Check view.BorderStyle = 0 And view.PublicKey <> "", "what was there stays"
+Err.Clear
+view.PageCount = 3
+Host.Check Err.Number = 438, "a property to be read only: " & Err.Number
+Err.Clear
+view.ImageDesc = "x"
+Host.Check Err.Number = 438, "a key of the kept properties is no name: " & Err.Number
 Err.Clear
 view.NoSuchThing = 1
 Host.Check Err.Number = 438, "an unknown name: " & Err.Number

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace pixmo::com::test {
+namespace pixmo::transfers {
 
 /// Orders to a sample engine that takes some, over HTTP/1.0 (RFC 1945).
 class EngineControl {
@@ -13,8 +13,8 @@ public:
 
     /// One fault a line.
     void setFaults(const std::string& faults) const;
-    /// Requests of a kind so far.
-    int requests(const std::string& kind) const;
+    /// Requests of a kind so far, of all kinds without a name.
+    int requests(const std::string& kind = {}) const;
 
 private:
     /// The body of the answer. Throws when there is none.
@@ -24,4 +24,4 @@ private:
     uint16_t port_;
 };
 
-} // namespace pixmo::com::test
+} // namespace pixmo::transfers
