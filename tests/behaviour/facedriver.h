@@ -132,133 +132,139 @@ struct HostAnswers {
 /// Places on the page are device pixels of the view. A call that finds nothing to act on fails the test.
 class FaceDriver {
 public:
-    virtual ~FaceDriver() = default;
+    FaceDriver();
+    ~FaceDriver();
+    FaceDriver(const FaceDriver&) = delete;
+    FaceDriver& operator=(const FaceDriver&) = delete;
 
     // The control, 900 x 700 device-independent pixels large. At most one at a time; the host's window is in
     // front and `lvrImage` has the focus.
-    virtual void create() = 0;
+    void create();
     /// Its windows and its page files are gone, its settings are stored.
-    virtual void destroy() = 0;
+    void destroy();
     /// Before create: the settings of the user are those of a new user.
-    virtual void forgetSettings() = 0;
-    virtual Value get(const std::string& property) = 0;
-    virtual void set(const std::string& property, const Value& value) = 0;
-    virtual LastError lastError() = 0;
+    void forgetSettings();
+    Value get(const std::string& property);
+    void set(const std::string& property, const Value& value);
+    LastError lastError();
     /// LoadDocumentByDocID; does not wait for it.
-    virtual void load(int32_t docID, int16_t page) = 0;
+    void load(int32_t docID, int16_t page);
     /// "Clear", "clearCache" or "Refresh".
-    virtual void call(const std::string& method) = 0;
+    void call(const std::string& method);
     /// Of the control, device-independent pixels; of the thumbnails as if by their window's upper left
     /// corner.
-    virtual void resize(int32_t width, int32_t height) = 0;
-    virtual void answerEvents(const HostAnswers& answers) = 0;
+    void resize(int32_t width, int32_t height);
+    void answerEvents(const HostAnswers& answers);
     /// A command that a host's own menu gives, by its key: "ZOOMIN".
-    virtual void command(const std::string& key) = 0;
+    void command(const std::string& key);
     /// How many milliseconds a transfer may be silent before it is given up.
-    virtual void setStallTimeout(int milliseconds) = 0;
+    void setStallTimeout(int milliseconds);
     /// Events so far and forgets them: "PageChanged 1001 3", "KeyDown 34 0", "KeyPress 97", "Click",
     /// "PrintJobBegin 2 1001". Keys that reach the host's window because the control has no use for them:
     /// "HostKey 65 0".
-    virtual std::vector<std::string> takeEvents() = 0;
+    std::vector<std::string> takeEvents();
 
     /// Which open window all about toolbar, view, size and their menus means from now on: the control at
     /// first.
-    virtual void turnTo(Window window) = 0;
+    void turnTo(Window window);
 
     // What the user sees.
-    virtual std::vector<ShownButton> toolbar() = 0;
+    std::vector<ShownButton> toolbar();
     /// "Page 3 of 12"
-    virtual std::string readOut() = 0;
-    virtual std::string status() = 0;
+    std::string readOut();
+    std::string status();
     /// In place of the page, "" while the page is there; lines end in LF.
-    virtual std::string notice() = 0;
+    std::string notice();
     /// For screen readers: "Page 3 of 12, 85 %", or the notice.
-    virtual std::string description() = 0;
+    std::string description();
     /// No transfer, no delayed fetch, no delayed repaint, no method that has not returned, no modal window.
-    virtual bool isIdle() = 0;
-    virtual bool isPageDisplayed() = 0;
-    virtual ShownScroll scroll(bool horizontal) = 0;
+    bool isIdle();
+    bool isPageDisplayed();
+    ShownScroll scroll(bool horizontal);
     /// Code of the pointer over the page: 0 arrow, 2 cross, 13 arrow with hourglass, 15 in all directions.
-    virtual int32_t pointer() = 0;
+    int32_t pointer();
     /// Page files in the cache of this control and of those before it.
-    virtual int pageFiles() = 0;
+    int pageFiles();
     /// Lines of `txtDebug`, none while it is hidden.
-    virtual std::optional<std::string> debugPane() = 0;
+    std::optional<std::string> debugPane();
     /// The view without scroll bars, from the screen, once all that was to be painted has been.
-    virtual Picture picture() = 0;
-    virtual std::vector<ShownThumb> thumbs() = 0;
+    Picture picture();
+    std::vector<ShownThumb> thumbs();
     /// "lvrImage", "txtDebug", "before" or "behind" (the host's fields), the name of a field of a dialog
     /// ("txtPageNumber"), else "".
-    virtual std::string focus() = 0;
+    std::string focus();
 
     // What the user does.
     /// These keys are held down at each click until the next call.
-    virtual void hold(int modifiers) = 0;
-    virtual void press(int keyCode, int modifiers = with::Nothing) = 0;
+    void hold(int modifiers);
+    void press(int keyCode, int modifiers = with::Nothing);
     /// ASCII.
-    virtual void type(const std::string& text) = 0;
-    virtual void click(int32_t x, int32_t y, Mouse button = Mouse::Left) = 0;
-    virtual void doubleClick(int32_t x, int32_t y) = 0;
+    void type(const std::string& text);
+    void click(int32_t x, int32_t y, Mouse button = Mouse::Left);
+    void doubleClick(int32_t x, int32_t y);
     /// Presses, moves in some steps and stays pressed until `release`.
-    virtual void drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button = Mouse::Left) = 0;
-    virtual void release(Mouse button = Mouse::Left) = 0;
+    void drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button = Mouse::Left);
+    void release(Mouse button = Mouse::Left);
     /// Away from the user positive.
-    virtual void wheel(int32_t x, int32_t y, int notches, int modifiers = with::Nothing) = 0;
+    void wheel(int32_t x, int32_t y, int notches, int modifiers = with::Nothing);
     /// In the middle of the button, enabled or not.
-    virtual void clickButton(const std::string& key) = 0;
-    virtual void clickReadOut() = 0;
+    void clickButton(const std::string& key);
+    void clickReadOut();
     /// A click into a field of the host: "before" or "behind".
-    virtual void clickHostField(const std::string& name) = 0;
+    void clickHostField(const std::string& name);
 
     // Menus: open by the right mouse button, over the toolbar or in the middle of the page.
-    virtual void openToolbarMenu() = 0;
-    virtual void openPageMenu() = 0;
+    void openToolbarMenu();
+    void openPageMenu();
     /// None while no menu is open.
-    virtual std::optional<std::vector<ShownEntry>> menu() = 0;
+    std::optional<std::vector<ShownEntry>> menu();
     /// Clicks the entry of that text, which closes the menu.
-    virtual void choose(const std::string& text) = 0;
+    void choose(const std::string& text);
 
     // Message boxes and dialogs; only the topmost is seen. "" and none when there is none.
     /// Answers the message box by the first of the buttons that it has, by their texts without mnemonics:
     /// "OK", "Cancel", "Abort", "Retry", "Ignore". What the box showed, as soon as it is gone; none, and
     /// nothing is done, while no box stands. It is looked at and answered in one look: the next one may show
     /// the same.
-    virtual std::optional<ShownBox> answer(const std::vector<std::string>& buttons) = 0;
+    std::optional<ShownBox> answer(const std::vector<std::string>& buttons);
     /// "dlgGotoPage", "dlgAbout" (image information too), "dlgLog", "dlgPrint", "dlgPreview",
     /// "dlgThumbs".
-    virtual std::string dialog() = 0;
-    virtual std::string dialogTitle() = 0;
+    std::string dialog();
+    std::string dialogTitle();
     /// Its upper left corner on the screen.
-    virtual std::pair<int32_t, int32_t> dialogPlace() = 0;
+    std::pair<int32_t, int32_t> dialogPlace();
     /// Fields of dialogs go by their names in the core; lines end in LF.
-    virtual std::string dialogText(const std::string& field) = 0;
+    std::string dialogText(const std::string& field);
     /// What is selected in it.
-    virtual std::string selectedText(const std::string& field) = 0;
+    std::string selectedText(const std::string& field);
     /// By its name, a button or an option by its text without mnemonic; not visible: there is none.
-    virtual ShownField dialogField(const std::string& field) = 0;
-    virtual void clickDialogField(const std::string& field) = 0;
+    ShownField dialogField(const std::string& field);
+    void clickDialogField(const std::string& field);
     /// Of its window, device-independent pixels.
-    virtual std::pair<int32_t, int32_t> dialogSize() = 0;
-    virtual void resizeDialog(int32_t width, int32_t height) = 0;
+    std::pair<int32_t, int32_t> dialogSize();
+    void resizeDialog(int32_t width, int32_t height);
     /// Lines end in LF.
-    virtual std::string clipboardText() = 0;
+    std::string clipboardText();
     /// As if pasted.
-    virtual void setDialogText(const std::string& field, const std::string& text) = 0;
+    void setDialogText(const std::string& field, const std::string& text);
     /// By its text without mnemonic; "" closes the window by its frame.
-    virtual void pressDialogButton(const std::string& button) = 0;
+    void pressDialogButton(const std::string& button);
 
     // The sample engine.
-    virtual std::string engineAddress() = 0;
+    std::string engineAddress();
     /// One fault a line, "" for none: "stall:GP". See the engine's option --fault.
-    virtual void setFaults(const std::string& faults) = 0;
+    void setFaults(const std::string& faults);
     /// Whether the network beneath always tells when a connection is reset. Wine's monikers do not: then the
     /// transfer ends when it has been silent for too long.
-    virtual bool hearsResets() = 0;
+    bool hearsResets();
     /// Requests of a kind ("IC", "PC", "GP") so far.
-    virtual int requests(const std::string& kind) = 0;
-};
+    int requests(const std::string& kind);
 
-/// Of the face under test; each face's test program defines it.
-std::unique_ptr<FaceDriver> makeFaceDriver();
+    /// What only the face's test program knows, which defines all of this class.
+    class Hands;
+
+private:
+    std::unique_ptr<Hands> my_;
+};
 
 } // namespace pixmo::behaviour

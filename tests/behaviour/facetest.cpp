@@ -25,7 +25,8 @@ int share(const Picture& picture, const std::function<bool(uint32_t)>& counts) {
 } // namespace
 
 FaceTest::FaceTest()
-    : face(makeFaceDriver()), logFile_(std::filesystem::temp_directory_path() / "behaviour.log") {}
+    : face(std::make_unique<FaceDriver>()),
+      logFile_(std::filesystem::temp_directory_path() / "behaviour.log") {}
 
 void FaceTest::SetUp() {
     std::filesystem::remove(logFile_);

@@ -11,9 +11,7 @@ const pixmo::qt::EngineProcess* engine = nullptr;
 
 } // namespace
 
-std::unique_ptr<pixmo::behaviour::FaceDriver> pixmo::behaviour::makeFaceDriver() {
-    return std::make_unique<pixmo::qt::QtDriver>(*engine);
-}
+pixmo::behaviour::FaceDriver::FaceDriver() : my_(std::make_unique<Hands>(*engine)) {}
 
 // The windows live on this thread, the tests on another: they are the user.
 int main(int argc, char** argv) {

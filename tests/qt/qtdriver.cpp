@@ -23,9 +23,9 @@
 #include <gtest/gtest.h>
 
 // The control and what is seen of it.
-namespace pixmo::qt {
+namespace pixmo::behaviour {
 
-using namespace behaviour;
+using namespace qt;
 
 namespace {
 
@@ -86,39 +86,39 @@ int32_t codeOf(Qt::CursorShape shape) {
 
 } // namespace
 
-QtDriver::~QtDriver() {
+FaceDriver::~FaceDriver() {
     destroy();
 }
 
-void QtDriver::start(const std::function<void()>& call) {
+void FaceDriver::Hands::start(const std::function<void()>& call) {
     startOnUi([this, call] {
-        ++underWay_;
+        ++underWay;
         call();
-        --underWay_;
+        --underWay;
     });
     onUi([] {});
 }
 
-void QtDriver::create() {
+void FaceDriver::create() {
     onUi([this] {
         // Clicks in quick order are as many clicks.
         QGuiApplication::styleHints()->setMouseDoubleClickInterval(0);
-        host_ = std::make_unique<HostWindow>();
-        host_->resizeView(FirstSize);
-        host_->show();
-        host_->activateWindow();
-        page().setFocus();
+        my_->host = std::make_unique<HostWindow>();
+        my_->host->resizeView(FirstSize);
+        my_->host->show();
+        my_->host->activateWindow();
+        my_->page().setFocus();
     });
 }
 
-void QtDriver::destroy() {
+void FaceDriver::destroy() {
     onUi([this] {
-        host_.reset();
+        my_->host.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     });
 }
 
-void QtDriver::forgetSettings() {
+void FaceDriver::forgetSettings() {
     onUi([] {
         QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("QuorvisImaging"),
                   QStringLiteral("Pixmo"))
@@ -126,111 +126,113 @@ void QtDriver::forgetSettings() {
     });
 }
 
-Value QtDriver::get(const std::string& property) {
-    return onUi([&] { return valueOf(view().property(property.c_str())); });
+Value FaceDriver::get(const std::string& property) {
+    return onUi([&] { return valueOf(my_->view().property(property.c_str())); });
 }
 
-void QtDriver::set(const std::string& property, const Value& value) {
-    start([this, property, value] { view().setProperty(property.c_str(), variantOf(value)); });
+void FaceDriver::set(const std::string& property, const Value& value) {
+    my_->start([this, property, value] { my_->view().setProperty(property.c_str(), variantOf(value)); });
 }
 
-LastError QtDriver::lastError() {
+LastError FaceDriver::lastError() {
     return onUi([this] {
         int number = 0;
         int helpContext = 0;
         QString source;
         QString description;
         QString helpFile;
-        view().GetLastError(number, source, description, helpFile, helpContext);
+        my_->view().GetLastError(number, source, description, helpFile, helpContext);
         return LastError{number, source.toStdString(), description.toStdString()};
     });
 }
 
-void QtDriver::load(int32_t docID, int16_t page) {
-    start([this, docID, page] { view().LoadDocumentByDocID(docID, page); });
+void FaceDriver::load(int32_t docID, int16_t page) {
+    my_->start([this, docID, page] { my_->view().LoadDocumentByDocID(docID, page); });
 }
 
-void QtDriver::call(const std::string& method) {
-    const bool called = onUi([&] { return QMetaObject::invokeMethod(&view(), method.c_str()); });
+void FaceDriver::call(const std::string& method) {
+    const bool called = onUi([&] { return QMetaObject::invokeMethod(&my_->view(), method.c_str()); });
     EXPECT_TRUE(called) << "no method " << method;
 }
 
-void QtDriver::resize(int32_t width, int32_t height) {
+void FaceDriver::resize(int32_t width, int32_t height) {
     onUi([&] {
-        if (thumbs_)
-            thumbs_->move(60, 70), thumbs_->resize(width, height);
+        if (my_->thumbs)
+            my_->thumbs->move(60, 70), my_->thumbs->resize(width, height);
         else
-            host_->resizeView({width, height});
+            my_->host->resizeView({width, height});
     });
 }
 
-void QtDriver::answerEvents(const HostAnswers& answers) {
-    onUi([&] { host_->answers = answers; });
+void FaceDriver::answerEvents(const HostAnswers& answers) {
+    onUi([&] { my_->host->answers = answers; });
 }
 
-void QtDriver::command(const std::string& key) {
-    start([this, key] { view().action(QString::fromStdString(key))->trigger(); });
+void FaceDriver::command(const std::string& key) {
+    my_->start([this, key] { my_->view().action(QString::fromStdString(key))->trigger(); });
 }
 
-void QtDriver::setStallTimeout(int milliseconds) {
-    onUi([&] { view().setStallTimeout(milliseconds); });
+void FaceDriver::setStallTimeout(int milliseconds) {
+    onUi([&] { my_->view().setStallTimeout(milliseconds); });
 }
 
-std::vector<std::string> QtDriver::takeEvents() {
-    return onUi([this] { return host_->takeEvents(); });
+std::vector<std::string> FaceDriver::takeEvents() {
+    return onUi([this] { return my_->host->takeEvents(); });
 }
 
-std::vector<ShownButton> QtDriver::toolbar() {
+std::vector<ShownButton> FaceDriver::toolbar() {
     return onUi([this] {
-        const QToolBar& bar = this->bar();
+        const QToolBar& toolBar = my_->bar();
         std::vector<ShownButton> shown;
-        for (QAction* action : bar.actions())
-            shown.push_back(look(bar, *action));
+        for (QAction* action : toolBar.actions())
+            shown.push_back(look(toolBar, *action));
         return shown;
     });
 }
 
-std::string QtDriver::readOut() {
+std::string FaceDriver::readOut() {
     return onUi(
-        [this] { return view().findChild<QLabel*>(QStringLiteral("txtPage"))->text().toStdString(); });
+        [this] { return my_->view().findChild<QLabel*>(QStringLiteral("txtPage"))->text().toStdString(); });
 }
 
-std::string QtDriver::status() {
+std::string FaceDriver::status() {
     return onUi(
-        [this] { return view().findChild<QLabel*>(QStringLiteral("lblStatus"))->text().toStdString(); });
+        [this] { return my_->view().findChild<QLabel*>(QStringLiteral("lblStatus"))->text().toStdString(); });
 }
 
-std::string QtDriver::notice() {
-    return onUi([this] { return view().notice().toStdString(); });
+std::string FaceDriver::notice() {
+    return onUi([this] { return my_->view().notice().toStdString(); });
 }
 
-std::string QtDriver::description() {
+std::string FaceDriver::description() {
     return onUi([this] {
-        const auto* const interface = QAccessible::queryAccessibleInterface(&page());
+        const auto* const interface = QAccessible::queryAccessibleInterface(&my_->page());
         return interface->text(QAccessible::Description).toStdString();
     });
 }
 
-bool QtDriver::isIdle() {
-    return onUi([this] { return underWay_ == 0 && view().isIdle() && !QApplication::activeModalWidget(); });
+bool FaceDriver::isIdle() {
+    return onUi(
+        [this] { return my_->underWay == 0 && my_->view().isIdle() && !QApplication::activeModalWidget(); });
 }
 
-bool QtDriver::isPageDisplayed() {
-    return onUi([this] { return view().isPageDisplayed(); });
+bool FaceDriver::isPageDisplayed() {
+    return onUi([this] { return my_->view().isPageDisplayed(); });
 }
 
-ShownScroll QtDriver::scroll(bool horizontal) {
+ShownScroll FaceDriver::scroll(bool horizontal) {
     return onUi([&] {
-        const QScrollBar& bar = horizontal ? *page().horizontalScrollBar() : *page().verticalScrollBar();
-        return ShownScroll{bar.isVisible(), bar.value(), bar.maximum()};
+        const QScrollBar& scrollBar =
+            horizontal ? *my_->page().horizontalScrollBar() : *my_->page().verticalScrollBar();
+        return ShownScroll{scrollBar.isVisible(), scrollBar.value(), scrollBar.maximum()};
     });
 }
 
-int32_t QtDriver::pointer() {
-    return onUi([this] { return codeOf(page().viewport()->cursor().shape()); });
+int32_t FaceDriver::pointer() {
+    return onUi([this] { return codeOf(my_->page().viewport()->cursor().shape()); });
 }
 
-int QtDriver::pageFiles() {
+int FaceDriver::pageFiles() {
     using std::filesystem::recursive_directory_iterator;
     int count = 0;
     for (const auto& entry : recursive_directory_iterator(std::filesystem::temp_directory_path()))
@@ -238,26 +240,26 @@ int QtDriver::pageFiles() {
     return count;
 }
 
-std::optional<std::string> QtDriver::debugPane() {
+std::optional<std::string> FaceDriver::debugPane() {
     return onUi([this]() -> std::optional<std::string> {
-        const auto* const pane = view().findChild<QPlainTextEdit*>(QStringLiteral("txtDebug"));
+        const auto* const pane = my_->view().findChild<QPlainTextEdit*>(QStringLiteral("txtDebug"));
         if (!pane->isVisible())
             return std::nullopt;
         return pane->toPlainText().toStdString();
     });
 }
 
-Picture QtDriver::picture() {
+Picture FaceDriver::picture() {
     // The screen has told what it uncovered.
-    input_.settle();
+    my_->input.settle();
     return onUi([this] {
         // What waits to be painted is painted, nothing else: a repaint that was forgotten shows.
-        QWidget* const window = page().window();
+        QWidget* const window = my_->page().window();
         QCoreApplication::sendPostedEvents(window, QEvent::UpdateRequest);
-        const QWidget& seen = *page().viewport();
+        const QWidget& seen = *my_->page().viewport();
         const QPoint corner = seen.mapTo(window, QPoint());
         const QImage image =
-            host_->screen()
+            my_->host->screen()
                 ->grabWindow(window->winId(), corner.x(), corner.y(), seen.width(), seen.height())
                 .toImage();
         Picture picture{image.width(), image.height(), {}};
@@ -268,7 +270,7 @@ Picture QtDriver::picture() {
     });
 }
 
-std::string QtDriver::focus() {
+std::string FaceDriver::focus() {
     return onUi([]() -> std::string {
         const QWidget* const focused = QApplication::focusWidget();
         if (!focused)
@@ -277,16 +279,20 @@ std::string QtDriver::focus() {
     });
 }
 
-std::string QtDriver::engineAddress() {
-    return engine_.address().toStdString();
+std::string FaceDriver::engineAddress() {
+    return my_->engine.address().toStdString();
 }
 
-void QtDriver::setFaults(const std::string& faults) {
-    engine_.setFaults(QByteArray::fromStdString(faults));
+void FaceDriver::setFaults(const std::string& faults) {
+    my_->engine.setFaults(QByteArray::fromStdString(faults));
 }
 
-int QtDriver::requests(const std::string& kind) {
-    return engine_.requests(QByteArray::fromStdString(kind));
+bool FaceDriver::hearsResets() {
+    return true;
 }
 
-} // namespace pixmo::qt
+int FaceDriver::requests(const std::string& kind) {
+    return my_->engine.requests(QByteArray::fromStdString(kind));
+}
+
+} // namespace pixmo::behaviour

@@ -19,9 +19,9 @@
 #include <gtest/gtest.h>
 
 // What the user does to the control and its windows.
-namespace pixmo::qt {
+namespace pixmo::behaviour {
 
-using namespace behaviour;
+using namespace qt;
 
 namespace {
 
@@ -34,7 +34,7 @@ QAbstractButton* firstButtonOf(const QWidget& window, const std::vector<std::str
 
 } // namespace
 
-std::optional<QPoint> QtDriver::placeOf(const QWidget* widget) {
+std::optional<QPoint> FaceDriver::Hands::placeOf(const QWidget* widget) {
     if (!widget || !widget->isVisible())
         return std::nullopt;
     QPoint place = widget->rect().center();
@@ -44,115 +44,115 @@ std::optional<QPoint> QtDriver::placeOf(const QWidget* widget) {
     return widget->mapToGlobal(place);
 }
 
-QPoint QtDriver::onPage(int32_t x, int32_t y) const {
+QPoint FaceDriver::Hands::onPage(int32_t x, int32_t y) const {
     return page().viewport()->mapToGlobal(QPoint(x, y));
 }
 
-void QtDriver::moveOnPage(int32_t x, int32_t y) {
-    input_.moveTo(onUi([&] { return onPage(x, y); }));
+void FaceDriver::Hands::moveOnPage(int32_t x, int32_t y) {
+    input.moveTo(onUi([&] { return onPage(x, y); }));
 }
 
-bool QtDriver::pointAt(const Find& find) {
+bool FaceDriver::Hands::pointAt(const Find& find) {
     std::optional<QPoint> pointedAt;
     // A window that has just opened may still be moved: what is under the pointer must stay there.
     return waitUntil([&] {
         const std::optional<QPoint> place = onUi(find);
         const bool stays = place && place == pointedAt;
         if (place && !stays)
-            input_.moveTo(*place);
+            input.moveTo(*place);
         pointedAt = place;
         return stays;
     });
 }
 
-void QtDriver::clickAt(const Find& find, Mouse button) {
+void FaceDriver::Hands::clickAt(const Find& find, Mouse button) {
     if (!pointAt(find)) {
         ADD_FAILURE() << "there is nothing to click";
         return;
     }
-    input_.button(button, true);
-    input_.button(button, false);
+    input.button(button, true);
+    input.button(button, false);
 }
 
-void QtDriver::press(int keyCode, int modifiers) {
-    input_.press(keyCode, modifiers);
+void FaceDriver::press(int keyCode, int modifiers) {
+    my_->input.press(keyCode, modifiers);
 }
 
-void QtDriver::type(const std::string& text) {
-    input_.type(text);
+void FaceDriver::type(const std::string& text) {
+    my_->input.type(text);
 }
 
-void QtDriver::click(int32_t x, int32_t y, Mouse button) {
-    clickAt([&] { return std::optional(onPage(x, y)); }, button);
+void FaceDriver::click(int32_t x, int32_t y, Mouse button) {
+    my_->clickAt([&] { return std::optional(my_->onPage(x, y)); }, button);
 }
 
-void QtDriver::doubleClick(int32_t x, int32_t y) {
+void FaceDriver::doubleClick(int32_t x, int32_t y) {
     constexpr int patient = 2000;
     onUi([] { QGuiApplication::styleHints()->setMouseDoubleClickInterval(patient); });
-    const Find place = [&] { return std::optional(onPage(x, y)); };
-    clickAt(place);
-    clickAt(place);
+    const Hands::Find place = [&] { return std::optional(my_->onPage(x, y)); };
+    my_->clickAt(place);
+    my_->clickAt(place);
     onUi([] { QGuiApplication::styleHints()->setMouseDoubleClickInterval(0); });
 }
 
-void QtDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
+void FaceDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
     constexpr int steps = 4;
-    moveOnPage(fromX, fromY);
-    input_.button(button, true);
+    my_->moveOnPage(fromX, fromY);
+    my_->input.button(button, true);
     for (int step = 1; step <= steps; ++step)
-        moveOnPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps);
+        my_->moveOnPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps);
 }
 
-void QtDriver::release(Mouse button) {
-    input_.button(button, false);
+void FaceDriver::release(Mouse button) {
+    my_->input.button(button, false);
 }
 
-void QtDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
-    moveOnPage(x, y);
-    input_.wheel(notches, modifiers);
+void FaceDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
+    my_->moveOnPage(x, y);
+    my_->input.wheel(notches, modifiers);
 }
 
-void QtDriver::clickButton(const std::string& key) {
-    clickAt([&]() -> std::optional<QPoint> {
-        const QToolBar& bar = this->bar();
-        for (QAction* action : bar.actions())
+void FaceDriver::clickButton(const std::string& key) {
+    my_->clickAt([&]() -> std::optional<QPoint> {
+        const QToolBar& toolBar = my_->bar();
+        for (QAction* action : toolBar.actions())
             if (action->objectName().toStdString() == key)
-                return placeOf(bar.widgetForAction(action));
+                return my_->placeOf(toolBar.widgetForAction(action));
         return std::nullopt;
     });
 }
 
-void QtDriver::clickReadOut() {
-    clickAt([this] { return placeOf(view().findChild<QLabel*>(QStringLiteral("txtPage"))); });
+void FaceDriver::clickReadOut() {
+    my_->clickAt([this] { return my_->placeOf(my_->view().findChild<QLabel*>(QStringLiteral("txtPage"))); });
 }
 
-void QtDriver::clickHostField(const std::string& name) {
-    clickAt([&] { return placeOf(host_->field(QString::fromStdString(name))); });
+void FaceDriver::clickHostField(const std::string& name) {
+    my_->clickAt([&] { return my_->placeOf(my_->host->field(QString::fromStdString(name))); });
 }
 
-void QtDriver::openToolbarMenu() {
+void FaceDriver::openToolbarMenu() {
     // Behind the last button.
-    clickAt(
+    my_->clickAt(
         [this] {
-            const QToolBar& bar = this->bar();
-            return std::optional(bar.mapToGlobal(QPoint(bar.width() - 4, bar.height() / 2)));
+            const QToolBar& toolBar = my_->bar();
+            return std::optional(toolBar.mapToGlobal(QPoint(toolBar.width() - 4, toolBar.height() / 2)));
         },
         Mouse::Right);
 }
 
-void QtDriver::openPageMenu() {
-    clickAt([this] { return placeOf(page().viewport()); }, Mouse::Right);
+void FaceDriver::openPageMenu() {
+    my_->clickAt([this] { return my_->placeOf(my_->page().viewport()); }, Mouse::Right);
 }
 
-std::optional<std::vector<ShownEntry>> QtDriver::menu() {
+std::optional<std::vector<ShownEntry>> FaceDriver::menu() {
     return onUi([]() -> std::optional<std::vector<ShownEntry>> {
         const QMenu* const menu = standingMenu();
         return menu ? std::optional(look(*menu)) : std::nullopt;
     });
 }
 
-void QtDriver::choose(const std::string& text) {
-    clickAt([&]() -> std::optional<QPoint> {
+void FaceDriver::choose(const std::string& text) {
+    my_->clickAt([&]() -> std::optional<QPoint> {
         const QMenu* const menu = standingMenu();
         if (!menu)
             return std::nullopt;
@@ -163,7 +163,7 @@ void QtDriver::choose(const std::string& text) {
     });
 }
 
-std::optional<ShownBox> QtDriver::answer(const std::vector<std::string>& buttons) {
+std::optional<ShownBox> FaceDriver::answer(const std::vector<std::string>& buttons) {
     QPointer<QMessageBox> box;
     auto shown = onUi([&]() -> std::optional<ShownBox> {
         box = standingBox();
@@ -171,34 +171,34 @@ std::optional<ShownBox> QtDriver::answer(const std::vector<std::string>& buttons
     });
     if (!shown)
         return std::nullopt;
-    clickAt([&] { return box ? placeOf(firstButtonOf(*box, buttons)) : std::nullopt; });
+    my_->clickAt([&] { return box ? my_->placeOf(firstButtonOf(*box, buttons)) : std::nullopt; });
     const bool isGone = waitUntil([&] { return onUi([&] { return !box || !box->isVisible(); }); });
     EXPECT_TRUE(isGone) << "the message box stays:\n" << shown->text;
     return shown;
 }
 
-std::string QtDriver::dialog() {
+std::string FaceDriver::dialog() {
     return onUi([] {
         const QWidget* const window = standingDialog();
         return window ? dialogName(*window) : std::string();
     });
 }
 
-std::string QtDriver::dialogTitle() {
+std::string FaceDriver::dialogTitle() {
     return onUi([] {
         const QWidget* const window = standingDialog();
         return window ? window->windowTitle().toStdString() : std::string();
     });
 }
 
-std::string QtDriver::dialogText(const std::string& field) {
+std::string FaceDriver::dialogText(const std::string& field) {
     return onUi([&] {
         const QWidget* const window = standingDialog();
         return window ? textOf(*window, field) : std::string();
     });
 }
 
-std::string QtDriver::selectedText(const std::string& field) {
+std::string FaceDriver::selectedText(const std::string& field) {
     return onUi([&] {
         const QWidget* const window = standingDialog();
         const QWidget* const found = window ? fieldOf(*window, field) : nullptr;
@@ -210,7 +210,7 @@ std::string QtDriver::selectedText(const std::string& field) {
     });
 }
 
-ShownField QtDriver::dialogField(const std::string& field) {
+ShownField FaceDriver::dialogField(const std::string& field) {
     return onUi([&] {
         const QWidget* const window = standingDialog();
         const QWidget* const found = window ? fieldOf(*window, field) : nullptr;
@@ -220,30 +220,30 @@ ShownField QtDriver::dialogField(const std::string& field) {
     });
 }
 
-void QtDriver::clickDialogField(const std::string& field) {
-    input_.waitForPlace();
-    clickAt([&] {
+void FaceDriver::clickDialogField(const std::string& field) {
+    my_->input.waitForPlace();
+    my_->clickAt([&] {
         const QWidget* const window = standingDialog();
-        return window ? placeOf(fieldOf(*window, field)) : std::nullopt;
+        return window ? my_->placeOf(fieldOf(*window, field)) : std::nullopt;
     });
 }
 
-std::pair<int32_t, int32_t> QtDriver::dialogSize() {
+std::pair<int32_t, int32_t> FaceDriver::dialogSize() {
     return onUi([] {
         const QWidget* const window = standingDialog();
         return window ? std::pair(window->width(), window->height()) : std::pair(0, 0);
     });
 }
 
-void QtDriver::resizeDialog(int32_t width, int32_t height) {
+void FaceDriver::resizeDialog(int32_t width, int32_t height) {
     onUi([&] { standingDialog()->resize(width, height); });
 }
 
-std::string QtDriver::clipboardText() {
+std::string FaceDriver::clipboardText() {
     return onUi([] { return QGuiApplication::clipboard()->text().toStdString(); });
 }
 
-void QtDriver::setDialogText(const std::string& field, const std::string& text) {
+void FaceDriver::setDialogText(const std::string& field, const std::string& text) {
     onUi([&] {
         const QWidget* const window = standingDialog();
         auto* const edit = window ? window->findChild<QLineEdit*>(QString::fromStdString(field)) : nullptr;
@@ -253,7 +253,7 @@ void QtDriver::setDialogText(const std::string& field, const std::string& text) 
     });
 }
 
-void QtDriver::pressDialogButton(const std::string& button) {
+void FaceDriver::pressDialogButton(const std::string& button) {
     if (button.empty()) {
         startOnUi([] {
             if (QWidget* const window = standingDialog())
@@ -262,11 +262,11 @@ void QtDriver::pressDialogButton(const std::string& button) {
         onUi([] {});
         return;
     }
-    input_.waitForPlace();
-    clickAt([&] {
+    my_->input.waitForPlace();
+    my_->clickAt([&] {
         const QWidget* const window = standingDialog();
-        return window ? placeOf(buttonOf(*window, button)) : std::nullopt;
+        return window ? my_->placeOf(buttonOf(*window, button)) : std::nullopt;
     });
 }
 
-} // namespace pixmo::qt
+} // namespace pixmo::behaviour

@@ -9,43 +9,43 @@
 #include <gtest/gtest.h>
 
 // The window of the thumbnails.
-namespace pixmo::qt {
+namespace pixmo::behaviour {
 
-using namespace behaviour;
+using namespace qt;
 
-void QtDriver::turnTo(Window window) {
+void FaceDriver::turnTo(Window window) {
     onUi([&] {
-        thumbs_ = window == Window::Thumbnails ? qobject_cast<ThumbsWindow*>(standingDialog()) : nullptr;
-        EXPECT_EQ(thumbs_ != nullptr, window == Window::Thumbnails);
+        my_->thumbs = window == Window::Thumbnails ? qobject_cast<ThumbsWindow*>(standingDialog()) : nullptr;
+        EXPECT_EQ(my_->thumbs != nullptr, window == Window::Thumbnails);
     });
 }
 
-QAbstractScrollArea& QtDriver::page() const {
-    return thumbs_ ? thumbs_->view() : *view().findChild<QAbstractScrollArea*>(QStringLiteral("lvrImage"));
+QAbstractScrollArea& FaceDriver::Hands::page() const {
+    return thumbs ? thumbs->view() : *view().findChild<QAbstractScrollArea*>(QStringLiteral("lvrImage"));
 }
 
-QToolBar& QtDriver::bar() const {
-    const QWidget& window = thumbs_ ? static_cast<QWidget&>(*thumbs_) : view();
+QToolBar& FaceDriver::Hands::bar() const {
+    const QWidget& window = thumbs ? static_cast<QWidget&>(*thumbs) : view();
     return *window.findChild<QToolBar*>(QStringLiteral("tlbImage"));
 }
 
-std::pair<int32_t, int32_t> QtDriver::dialogPlace() {
+std::pair<int32_t, int32_t> FaceDriver::dialogPlace() {
     return onUi([] {
         const QPoint place = standingDialog() ? standingDialog()->pos() : QPoint();
         return std::pair<int32_t, int32_t>(place.x(), place.y());
     });
 }
 
-void QtDriver::hold(int modifiers) {
-    input_.hold(held_, false);
-    input_.hold(modifiers, true);
-    held_ = modifiers;
+void FaceDriver::hold(int modifiers) {
+    my_->input.hold(my_->held, false);
+    my_->input.hold(modifiers, true);
+    my_->held = modifiers;
 }
 
-std::vector<ShownThumb> QtDriver::thumbs() {
+std::vector<ShownThumb> FaceDriver::thumbs() {
     return onUi([this] {
-        const QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&page());
-        const QPoint corner = page().viewport()->mapToGlobal(QPoint());
+        const QAccessibleInterface* const list = QAccessible::queryAccessibleInterface(&my_->page());
+        const QPoint corner = my_->page().viewport()->mapToGlobal(QPoint());
         EXPECT_EQ(list->role(), QAccessible::List);
         std::vector<ShownThumb> shown;
         for (int index = 0; index < list->childCount(); ++index) {
@@ -60,4 +60,4 @@ std::vector<ShownThumb> QtDriver::thumbs() {
     });
 }
 
-} // namespace pixmo::qt
+} // namespace pixmo::behaviour

@@ -14,9 +14,10 @@
 #include <utility>
 
 // The control and what is seen of it.
-namespace pixmo::com::test {
+namespace pixmo::behaviour {
 
-using namespace behaviour;
+using namespace com;
+using namespace com::test;
 
 namespace {
 
@@ -47,7 +48,7 @@ Variant variantOf(const Value& value) {
 
 } // namespace
 
-void ComDriver::runMessageLoop() {
+void FaceDriver::Hands::runMessageLoop() {
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (currentForm && currentForm->translate(message))
@@ -57,124 +58,125 @@ void ComDriver::runMessageLoop() {
     }
 }
 
-ComDriver::~ComDriver() {
+FaceDriver::~FaceDriver() {
     destroy();
 }
 
-void ComDriver::start(const std::function<void()>& call) {
-    ui_.start([this, call] {
-        ++underWay_;
+void FaceDriver::Hands::start(const std::function<void()>& call) {
+    ui.start([this, call] {
+        ++underWay;
         call();
-        --underWay_;
+        --underWay;
     });
-    ui_.on([] {});
+    ui.on([] {});
 }
 
-void ComDriver::create() {
-    ui_.on([this] {
+void FaceDriver::create() {
+    my_->ui.on([this] {
         // Clicks in quick order are as many clicks.
         SetDoubleClickTime(1);
-        form_ = FormWindow::create(FirstSize);
-        currentForm = form_.get();
+        my_->form = FormWindow::create(FirstSize);
+        currentForm = my_->form.get();
     });
 }
 
-void ComDriver::destroy() {
-    ui_.on([this] {
+void FaceDriver::destroy() {
+    my_->ui.on([this] {
         currentForm = nullptr;
-        if (form_)
-            form_->close();
-        form_.reset();
+        if (my_->form)
+            my_->form->close();
+        my_->form.reset();
     });
 }
 
-void ComDriver::forgetSettings() {
+void FaceDriver::forgetSettings() {
     user::forgetSettings();
 }
 
-Value ComDriver::get(const std::string& property) {
-    return ui_.on([&] {
+Value FaceDriver::get(const std::string& property) {
+    return my_->ui.on([&] {
         Variant value;
-        const HRESULT result = form_->container().get(toWide(property).c_str(), value);
+        const HRESULT result = my_->form->container().get(toWide(property).c_str(), value);
         EXPECT_EQ(result, S_OK) << property;
         return valueOf(value);
     });
 }
 
-void ComDriver::set(const std::string& property, const Value& value) {
-    start([this, property, value] {
-        Container& host = form_->container();
-        refusal_.reset();
+void FaceDriver::set(const std::string& property, const Value& value) {
+    my_->start([this, property, value] {
+        test::Container& host = my_->form->container();
+        my_->refusal.reset();
         const HRESULT result = host.put(toWide(property).c_str(), variantOf(value));
         if (FAILED(result))
-            refusal_ = LastError{HRESULT_CODE(result), host.problemSource(), host.problem()};
+            my_->refusal = LastError{HRESULT_CODE(result), host.problemSource(), host.problem()};
     });
 }
 
-LastError ComDriver::lastError() {
-    return ui_.on([this] {
-        if (refusal_)
-            return *refusal_;
+LastError FaceDriver::lastError() {
+    return my_->ui.on([this] {
+        if (my_->refusal)
+            return *my_->refusal;
         LastError error;
         std::string helpFile;
         int32_t helpContext = 0;
-        form_->control()->GetLastError(error.number, error.source, error.description, helpFile, helpContext);
+        my_->form->control()->GetLastError(error.number, error.source, error.description, helpFile,
+                                           helpContext);
         return error;
     });
 }
 
-void ComDriver::load(int32_t docID, int16_t page) {
-    start([this, docID, page] {
-        form_->container().as<IImageView>()->LoadDocumentByDocID(static_cast<LONG>(docID), page);
+void FaceDriver::load(int32_t docID, int16_t page) {
+    my_->start([this, docID, page] {
+        my_->form->container().as<IImageView>()->LoadDocumentByDocID(static_cast<LONG>(docID), page);
     });
 }
 
-void ComDriver::call(const std::string& method) {
-    ui_.on([&] { EXPECT_EQ(form_->container().call(toWide(method).c_str(), {}), S_OK) << method; });
+void FaceDriver::call(const std::string& method) {
+    my_->ui.on([&] { EXPECT_EQ(my_->form->container().call(toWide(method).c_str(), {}), S_OK) << method; });
 }
 
-void ComDriver::resize(int32_t width, int32_t height) {
-    ui_.on([&] {
-        if (thumbs_)
-            SetWindowPos(thumbs_, nullptr, 60, 70, width, height, SWP_NOZORDER);
+void FaceDriver::resize(int32_t width, int32_t height) {
+    my_->ui.on([&] {
+        if (my_->thumbs)
+            SetWindowPos(my_->thumbs, nullptr, 60, 70, width, height, SWP_NOZORDER);
         else
-            form_->resizeControl({width, height});
+            my_->form->resizeControl({width, height});
     });
 }
 
-void ComDriver::answerEvents(const HostAnswers& answers) {
-    ui_.on([&] { form_->answers = answers; });
+void FaceDriver::answerEvents(const HostAnswers& answers) {
+    my_->ui.on([&] { my_->form->answers = answers; });
 }
 
-void ComDriver::command(const std::string& key) {
-    start([this, key] { form_->control()->runCommand(key); });
+void FaceDriver::command(const std::string& key) {
+    my_->start([this, key] { my_->form->control()->runCommand(key); });
 }
 
-void ComDriver::setStallTimeout(int milliseconds) {
-    ui_.on([&] { form_->face().setStallTimeout(milliseconds); });
+void FaceDriver::setStallTimeout(int milliseconds) {
+    my_->ui.on([&] { my_->form->face().setStallTimeout(milliseconds); });
 }
 
-std::vector<std::string> ComDriver::takeEvents() {
-    return ui_.on([this] { return form_->takeEvents(); });
+std::vector<std::string> FaceDriver::takeEvents() {
+    return my_->ui.on([this] { return my_->form->takeEvents(); });
 }
 
-HWND ComDriver::part(const wchar_t* className) const {
-    return FindWindowExW(thumbs_ ? thumbs_ : form_->face().window(), nullptr, className, nullptr);
+HWND FaceDriver::Hands::part(const wchar_t* className) const {
+    return FindWindowExW(thumbs ? thumbs : form->face().window(), nullptr, className, nullptr);
 }
 
-std::vector<HWND> ComDriver::statusFields() const {
+std::vector<HWND> FaceDriver::Hands::statusFields() const {
     std::vector<HWND> fields;
     for (HWND field = nullptr;
-         (field = FindWindowExW(form_->face().window(), field, L"Static", nullptr)) != nullptr;)
+         (field = FindWindowExW(form->face().window(), field, L"Static", nullptr)) != nullptr;)
         fields.push_back(field);
     return fields;
 }
 
-std::string ComDriver::statusField(size_t index) {
-    return ui_.on([&] { return textOf(statusFields().at(index)); });
+std::string FaceDriver::Hands::statusField(size_t index) {
+    return ui.on([&] { return textOf(statusFields().at(index)); });
 }
 
-ShownButton ComDriver::lookAtButton(size_t index) const {
+ShownButton FaceDriver::Hands::lookAtButton(size_t index) const {
     const HWND bar = toolbarWindow();
     TBBUTTON button{};
     SendMessageW(bar, TB_GETBUTTON, index, reinterpret_cast<LPARAM>(&button));
@@ -207,29 +209,29 @@ ShownButton ComDriver::lookAtButton(size_t index) const {
     return shown;
 }
 
-std::vector<ShownButton> ComDriver::toolbar() {
-    return ui_.on([this] {
+std::vector<ShownButton> FaceDriver::toolbar() {
+    return my_->ui.on([this] {
         std::vector<ShownButton> shown;
-        const auto count = static_cast<size_t>(SendMessageW(toolbarWindow(), TB_BUTTONCOUNT, 0, 0));
+        const auto count = static_cast<size_t>(SendMessageW(my_->toolbarWindow(), TB_BUTTONCOUNT, 0, 0));
         for (size_t i = 0; i < count; ++i)
-            shown.push_back(lookAtButton(i));
+            shown.push_back(my_->lookAtButton(i));
         return shown;
     });
 }
 
-std::string ComDriver::notice() {
-    std::string text = ui_.on([this] { return form_->control()->viewNotice(); });
+std::string FaceDriver::notice() {
+    std::string text = my_->ui.on([this] { return my_->form->control()->viewNotice(); });
     std::erase(text, '\r');
     return text;
 }
 
-std::string ComDriver::description() {
-    return ui_.on([this]() -> std::string {
+std::string FaceDriver::description() {
+    return my_->ui.on([this]() -> std::string {
         ComPtr<IAccessible> accessible;
         Bstr name;
         VARIANT self{};
         self.vt = VT_I4;
-        if (FAILED(AccessibleObjectFromWindow(page(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+        if (FAILED(AccessibleObjectFromWindow(my_->page(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
                                               accessible.receiveAny())) ||
             FAILED(accessible->get_accName(self, name.receive())))
             return "not accessible";
@@ -239,32 +241,33 @@ std::string ComDriver::description() {
     });
 }
 
-bool ComDriver::isIdle() {
-    return ui_.on([this] {
-        return underWay_ == 0 && form_->control()->isIdle() && IsWindowEnabled(form_->handle()) != 0;
+bool FaceDriver::isIdle() {
+    return my_->ui.on([this] {
+        return my_->underWay == 0 && my_->form->control()->isIdle() &&
+               IsWindowEnabled(my_->form->handle()) != 0;
     });
 }
 
-bool ComDriver::isPageDisplayed() {
-    return ui_.on([this] { return form_->control()->isPageDisplayed(); });
+bool FaceDriver::isPageDisplayed() {
+    return my_->ui.on([this] { return my_->form->control()->isPageDisplayed(); });
 }
 
-ShownScroll ComDriver::scroll(bool horizontal) {
-    return ui_.on([&] {
+ShownScroll FaceDriver::scroll(bool horizontal) {
+    return my_->ui.on([&] {
         SCROLLINFO info{};
         info.cbSize = sizeof info;
         info.fMask = SIF_ALL;
-        const LONG_PTR style = GetWindowLongPtrW(page(), GWL_STYLE);
+        const LONG_PTR style = GetWindowLongPtrW(my_->page(), GWL_STYLE);
         if ((style & (horizontal ? WS_HSCROLL : WS_VSCROLL)) == 0)
             return ShownScroll{};
-        GetScrollInfo(page(), horizontal ? SB_HORZ : SB_VERT, &info);
+        GetScrollInfo(my_->page(), horizontal ? SB_HORZ : SB_VERT, &info);
         return ShownScroll{true, info.nPos, info.nMax - static_cast<int>(info.nPage) + 1};
     });
 }
 
-int32_t ComDriver::pointer() {
-    return ui_.on([this] {
-        SendMessageW(page(), WM_SETCURSOR, reinterpret_cast<WPARAM>(page()),
+int32_t FaceDriver::pointer() {
+    return my_->ui.on([this] {
+        SendMessageW(my_->page(), WM_SETCURSOR, reinterpret_cast<WPARAM>(my_->page()),
                      MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
         const std::pair<LPCWSTR, int32_t> known[] = {
             {IDC_ARROW, 0}, {IDC_CROSS, 2}, {IDC_APPSTARTING, 13}, {IDC_SIZEALL, 15}};
@@ -275,7 +278,7 @@ int32_t ComDriver::pointer() {
     });
 }
 
-int ComDriver::pageFiles() {
+int FaceDriver::pageFiles() {
     int count = 0;
     for (const auto& folder : std::filesystem::directory_iterator(std::filesystem::temp_directory_path())) {
         if (!folder.is_directory())
@@ -286,25 +289,25 @@ int ComDriver::pageFiles() {
     return count;
 }
 
-std::optional<std::string> ComDriver::debugPane() {
-    return ui_.on([this]() -> std::optional<std::string> {
-        const HWND pane = part(L"Edit");
+std::optional<std::string> FaceDriver::debugPane() {
+    return my_->ui.on([this]() -> std::optional<std::string> {
+        const HWND pane = my_->part(L"Edit");
         return pane && IsWindowVisible(pane) ? std::optional(textOf(pane)) : std::nullopt;
     });
 }
 
-Picture ComDriver::picture() {
-    return ui_.on([this] {
+Picture FaceDriver::picture() {
+    return my_->ui.on([this] {
         // What waits to be painted is painted, nothing else: a repaint that was forgotten shows.
-        RedrawWindow(GetAncestor(page(), GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        RedrawWindow(GetAncestor(my_->page(), GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         RECT client{};
-        GetClientRect(page(), &client);
+        GetClientRect(my_->page(), &client);
         PixelBuffer buffer;
         if (!buffer.resize({client.right, client.bottom}))
             return Picture{};
-        const HDC source = GetDC(page());
+        const HDC source = GetDC(my_->page());
         BitBlt(buffer.dc(), 0, 0, client.right, client.bottom, source, 0, 0, SRCCOPY);
-        ReleaseDC(page(), source);
+        ReleaseDC(my_->page(), source);
         const PixelSurface seen = buffer.surface();
         Picture picture{seen.width, seen.height, {}};
         picture.pixels.assign(seen.pixels, seen.pixels + static_cast<size_t>(seen.width) *
@@ -315,18 +318,42 @@ Picture ComDriver::picture() {
     });
 }
 
-std::string ComDriver::focus() {
-    return ui_.on([this]() -> std::string {
+std::string FaceDriver::focus() {
+    return my_->ui.on([this]() -> std::string {
         const HWND focused = GetFocus();
         for (const char* name : {"before", "behind"})
-            if (focused && focused == form_->field(name))
+            if (focused && focused == my_->form->field(name))
                 return name;
-        if (focused == page())
+        if (focused == my_->page())
             return "lvrImage";
-        if (focused == part(L"Edit"))
+        if (focused == my_->part(L"Edit"))
             return "txtDebug";
         return fieldName(standingDialog(), focused);
     });
 }
 
-} // namespace pixmo::com::test
+std::string FaceDriver::readOut() {
+    return my_->statusField(0);
+}
+
+std::string FaceDriver::status() {
+    return my_->statusField(1);
+}
+
+std::string FaceDriver::engineAddress() {
+    return my_->address;
+}
+
+void FaceDriver::setFaults(const std::string& faults) {
+    my_->engine.setFaults(faults);
+}
+
+bool FaceDriver::hearsResets() {
+    return false;
+}
+
+int FaceDriver::requests(const std::string& kind) {
+    return my_->engine.requests(kind);
+}
+
+} // namespace pixmo::behaviour

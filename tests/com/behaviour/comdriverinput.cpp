@@ -7,9 +7,10 @@
 #include <gtest/gtest.h>
 
 // What the user does to the control and its windows.
-namespace pixmo::com::test {
+namespace pixmo::behaviour {
 
-using namespace behaviour;
+using namespace com;
+using namespace com::test;
 
 namespace {
 
@@ -37,15 +38,15 @@ POINT middleOf(const RECT& place) {
 
 } // namespace
 
-POINT ComDriver::onPage(int32_t x, int32_t y) const {
+POINT FaceDriver::Hands::onPage(int32_t x, int32_t y) const {
     POINT place = {x, y};
     ClientToScreen(page(), &place);
     return place;
 }
 
-void ComDriver::waitForKeyboard() const {
+void FaceDriver::Hands::waitForKeyboard() const {
     const auto isHere = [this] {
-        return ui_.on([] {
+        return ui.on([] {
             DWORD process = 0;
             GetWindowThreadProcessId(GetForegroundWindow(), &process);
             return process == GetCurrentProcessId() && (GetFocus() != nullptr || standingMenu() != nullptr);
@@ -56,146 +57,150 @@ void ComDriver::waitForKeyboard() const {
 
 /// A window that has just opened may lose and get back the keyboard once more, as the screen's own windows
 /// come and go behind it: a click in between would be lost.
-void ComDriver::waitForNewWindow() const {
+void FaceDriver::Hands::waitForNewWindow() const {
     constexpr int Looks = 5;
     HWND before = nullptr;
     int alike = 0;
     EXPECT_TRUE(user::sees([&] {
         const HWND front =
-            ui_.on([] { return GetForegroundWindow() == GetActiveWindow() ? GetFocus() : nullptr; });
+            ui.on([] { return GetForegroundWindow() == GetActiveWindow() ? GetFocus() : nullptr; });
         alike = front && front == before ? alike + 1 : 0;
         before = front;
         return alike == Looks;
     })) << "no window stays in front";
 }
 
-void ComDriver::press(int keyCode, int modifiers) {
-    waitForKeyboard();
-    user::press(static_cast<WORD>(keyCode), modifiers);
-    ui_.settle();
+void FaceDriver::hold(int modifiers) {
+    my_->held = modifiers;
 }
 
-void ComDriver::type(const std::string& text) {
+void FaceDriver::press(int keyCode, int modifiers) {
+    my_->waitForKeyboard();
+    user::press(static_cast<WORD>(keyCode), modifiers);
+    my_->ui.settle();
+}
+
+void FaceDriver::type(const std::string& text) {
     for (const char character : text) {
-        waitForKeyboard();
+        my_->waitForKeyboard();
         user::type(std::wstring(1, static_cast<wchar_t>(character)));
-        ui_.settle();
+        my_->ui.settle();
     }
 }
 
-void ComDriver::moveOnPage(int32_t x, int32_t y) {
-    user::moveTo(ui_.on([&] { return onPage(x, y); }));
-    ui_.settle();
+void FaceDriver::Hands::moveOnPage(int32_t x, int32_t y) {
+    user::moveTo(ui.on([&] { return onPage(x, y); }));
+    ui.settle();
 }
 
-bool ComDriver::pointAt(const Find& find) {
+bool FaceDriver::Hands::pointAt(const Find& find) {
     std::optional<POINT> pointedAt;
     // A window that has just opened may still be moved: what is under the pointer must stay there.
     return user::sees([&] {
-        const std::optional<POINT> place = ui_.on(find);
+        const std::optional<POINT> place = ui.on(find);
         const bool stays = place && pointedAt && place->x == pointedAt->x && place->y == pointedAt->y;
         if (place && !stays) {
             user::moveTo(*place);
-            ui_.settle();
+            ui.settle();
         }
         pointedAt = place;
         return stays;
     });
 }
 
-void ComDriver::clickAt(const Find& find, Mouse button) {
+void FaceDriver::Hands::clickAt(const Find& find, Mouse button) {
     if (!pointAt(find)) {
         ADD_FAILURE() << "there is nothing to click";
         return;
     }
     // A pointer that moves has Wine forget keys that nobody holds on the screen.
-    user::hold(held_, true);
+    user::hold(held, true);
     user::buttonDown(keyOf(button));
-    ui_.settle();
+    ui.settle();
     user::buttonUp(keyOf(button));
-    user::hold(held_, false);
-    ui_.settle();
+    user::hold(held, false);
+    ui.settle();
 }
 
-void ComDriver::click(int32_t x, int32_t y, Mouse button) {
-    clickAt([&] { return std::optional(onPage(x, y)); }, button);
+void FaceDriver::click(int32_t x, int32_t y, Mouse button) {
+    my_->clickAt([&] { return std::optional(my_->onPage(x, y)); }, button);
 }
 
-void ComDriver::doubleClick(int32_t x, int32_t y) {
+void FaceDriver::doubleClick(int32_t x, int32_t y) {
     SetDoubleClickTime(PatientDoubleClick);
-    const Find place = [&] { return std::optional(onPage(x, y)); };
-    clickAt(place);
-    clickAt(place);
+    const Hands::Find place = [&] { return std::optional(my_->onPage(x, y)); };
+    my_->clickAt(place);
+    my_->clickAt(place);
     SetDoubleClickTime(1);
 }
 
-void ComDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
+void FaceDriver::drag(int32_t fromX, int32_t fromY, int32_t toX, int32_t toY, Mouse button) {
     constexpr int steps = 4;
-    moveOnPage(fromX, fromY);
+    my_->moveOnPage(fromX, fromY);
     user::buttonDown(keyOf(button));
-    ui_.settle();
+    my_->ui.settle();
     for (int step = 1; step <= steps; ++step)
-        moveOnPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps);
+        my_->moveOnPage(fromX + (toX - fromX) * step / steps, fromY + (toY - fromY) * step / steps);
 }
 
-void ComDriver::release(Mouse button) {
+void FaceDriver::release(Mouse button) {
     user::buttonUp(keyOf(button));
-    ui_.settle();
+    my_->ui.settle();
 }
 
-void ComDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
-    moveOnPage(x, y);
+void FaceDriver::wheel(int32_t x, int32_t y, int notches, int modifiers) {
+    my_->moveOnPage(x, y);
     user::wheel(notches, modifiers);
-    ui_.settle();
+    my_->ui.settle();
 }
 
-void ComDriver::clickButton(const std::string& key) {
-    clickAt([&]() -> std::optional<POINT> {
-        const auto buttons = this->buttons().Buttons;
-        for (size_t i = 0; i < buttons.size(); ++i) {
+void FaceDriver::clickButton(const std::string& key) {
+    my_->clickAt([&]() -> std::optional<POINT> {
+        const auto shown = my_->buttons().Buttons;
+        for (size_t i = 0; i < shown.size(); ++i) {
             RECT place{};
-            if (buttons[i].Key != key ||
-                !SendMessageW(toolbarWindow(), TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place)))
+            if (shown[i].Key != key ||
+                !SendMessageW(my_->toolbarWindow(), TB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&place)))
                 continue;
-            MapWindowPoints(toolbarWindow(), nullptr, reinterpret_cast<POINT*>(&place), 2);
+            MapWindowPoints(my_->toolbarWindow(), nullptr, reinterpret_cast<POINT*>(&place), 2);
             return middleOf(place);
         }
         return std::nullopt;
     });
 }
 
-void ComDriver::clickReadOut() {
-    clickAt([this] { return placeOf(statusFields().at(0)); });
+void FaceDriver::clickReadOut() {
+    my_->clickAt([this] { return placeOf(my_->statusFields().at(0)); });
 }
 
-void ComDriver::clickHostField(const std::string& name) {
-    clickAt([&] { return placeOf(form_->field(name)); });
+void FaceDriver::clickHostField(const std::string& name) {
+    my_->clickAt([&] { return placeOf(my_->form->field(name)); });
 }
 
-void ComDriver::openToolbarMenu() {
+void FaceDriver::openToolbarMenu() {
     // Behind the last button.
-    clickAt(
+    my_->clickAt(
         [this] {
             RECT place{};
-            GetWindowRect(toolbarWindow(), &place);
+            GetWindowRect(my_->toolbarWindow(), &place);
             return std::optional(POINT{place.right - 4, (place.top + place.bottom) / 2});
         },
         Mouse::Right);
 }
 
-void ComDriver::openPageMenu() {
-    clickAt([this] { return placeOf(page()); }, Mouse::Right);
+void FaceDriver::openPageMenu() {
+    my_->clickAt([this] { return placeOf(my_->page()); }, Mouse::Right);
 }
 
-std::optional<std::vector<ShownEntry>> ComDriver::menu() {
-    return ui_.on([]() -> std::optional<std::vector<ShownEntry>> {
+std::optional<std::vector<ShownEntry>> FaceDriver::menu() {
+    return my_->ui.on([]() -> std::optional<std::vector<ShownEntry>> {
         const HMENU menu = standingMenu();
         return menu ? std::optional(lookAtMenu(menu)) : std::nullopt;
     });
 }
 
-void ComDriver::choose(const std::string& text) {
-    clickAt([&]() -> std::optional<POINT> {
+void FaceDriver::choose(const std::string& text) {
+    my_->clickAt([&]() -> std::optional<POINT> {
         const HMENU menu = standingMenu();
         if (!menu)
             return std::nullopt;
@@ -209,43 +214,43 @@ void ComDriver::choose(const std::string& text) {
     });
 }
 
-std::optional<ShownBox> ComDriver::answer(const std::vector<std::string>& buttons) {
+std::optional<ShownBox> FaceDriver::answer(const std::vector<std::string>& buttons) {
     HWND box = nullptr;
-    auto shown = ui_.on([&]() -> std::optional<ShownBox> {
+    auto shown = my_->ui.on([&]() -> std::optional<ShownBox> {
         box = standingBox();
         return box ? std::optional(lookAtBox(box)) : std::nullopt;
     });
     if (!shown)
         return std::nullopt;
-    waitForNewWindow();
-    clickAt([&] { return placeOf(firstButtonOf(box, buttons)); });
+    my_->waitForNewWindow();
+    my_->clickAt([&] { return placeOf(firstButtonOf(box, buttons)); });
     EXPECT_TRUE(user::sees([&] { return !IsWindow(box); })) << "the message box stays:\n" << shown->text;
     return shown;
 }
 
-std::string ComDriver::dialog() {
-    return ui_.on([] {
+std::string FaceDriver::dialog() {
+    return my_->ui.on([] {
         const HWND window = standingDialog();
         return window ? dialogName(window) : std::string();
     });
 }
 
-std::string ComDriver::dialogTitle() {
-    return ui_.on([] {
+std::string FaceDriver::dialogTitle() {
+    return my_->ui.on([] {
         const HWND window = standingDialog();
         return window ? textOf(window) : std::string();
     });
 }
 
-std::string ComDriver::dialogText(const std::string& field) {
-    return ui_.on([&] {
+std::string FaceDriver::dialogText(const std::string& field) {
+    return my_->ui.on([&] {
         const HWND window = standingDialog();
         return window ? textOf(fieldOf(window, field)) : std::string();
     });
 }
 
-std::string ComDriver::selectedText(const std::string& field) {
-    return ui_.on([&] {
+std::string FaceDriver::selectedText(const std::string& field) {
+    return my_->ui.on([&] {
         const HWND edit = fieldOf(standingDialog(), field);
         DWORD from = 0;
         DWORD to = 0;
@@ -256,8 +261,8 @@ std::string ComDriver::selectedText(const std::string& field) {
     });
 }
 
-ShownField ComDriver::dialogField(const std::string& field) {
-    return ui_.on([&] {
+ShownField FaceDriver::dialogField(const std::string& field) {
+    return my_->ui.on([&] {
         const HWND found = partOf(standingDialog(), field);
         return found ? ShownField{IsWindowVisible(found) != 0, IsWindowEnabled(found) != 0,
                                   SendMessageW(found, BM_GETCHECK, 0, 0) == BST_CHECKED}
@@ -265,24 +270,25 @@ ShownField ComDriver::dialogField(const std::string& field) {
     });
 }
 
-void ComDriver::clickDialogField(const std::string& field) {
-    clickAt([&] { return placeOf(partOf(standingDialog(), field)); });
+void FaceDriver::clickDialogField(const std::string& field) {
+    my_->clickAt([&] { return placeOf(partOf(standingDialog(), field)); });
 }
 
-std::pair<int32_t, int32_t> ComDriver::dialogSize() {
-    return ui_.on([] {
+std::pair<int32_t, int32_t> FaceDriver::dialogSize() {
+    return my_->ui.on([] {
         RECT place{};
         GetWindowRect(standingDialog(), &place);
         return std::pair<int32_t, int32_t>(place.right - place.left, place.bottom - place.top);
     });
 }
 
-void ComDriver::resizeDialog(int32_t width, int32_t height) {
-    ui_.on([&] { SetWindowPos(standingDialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER); });
+void FaceDriver::resizeDialog(int32_t width, int32_t height) {
+    my_->ui.on(
+        [&] { SetWindowPos(standingDialog(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER); });
 }
 
-std::string ComDriver::clipboardText() {
-    return ui_.on([] {
+std::string FaceDriver::clipboardText() {
+    return my_->ui.on([] {
         std::string text;
         if (!OpenClipboard(nullptr))
             return text;
@@ -296,25 +302,25 @@ std::string ComDriver::clipboardText() {
     });
 }
 
-void ComDriver::setDialogText(const std::string& field, const std::string& text) {
-    ui_.on([&] {
+void FaceDriver::setDialogText(const std::string& field, const std::string& text) {
+    my_->ui.on([&] {
         const HWND edit = fieldOf(standingDialog(), field);
         SendMessageW(edit, EM_SETSEL, 0, -1);
         SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(toWide(text).c_str()));
     });
 }
 
-void ComDriver::pressDialogButton(const std::string& button) {
+void FaceDriver::pressDialogButton(const std::string& button) {
     if (button.empty()) {
-        ui_.on([] { PostMessageW(standingDialog(), WM_SYSCOMMAND, SC_CLOSE, 0); });
-        ui_.settle();
+        my_->ui.on([] { PostMessageW(standingDialog(), WM_SYSCOMMAND, SC_CLOSE, 0); });
+        my_->ui.settle();
         return;
     }
-    waitForNewWindow();
-    clickAt([&] {
+    my_->waitForNewWindow();
+    my_->clickAt([&] {
         const HWND window = standingDialog();
         return placeOf(window ? buttonOf(window, button) : nullptr);
     });
 }
 
-} // namespace pixmo::com::test
+} // namespace pixmo::behaviour

@@ -8,34 +8,35 @@
 #include <oleacc.h>
 
 // The window of the thumbnails.
-namespace pixmo::com::test {
+namespace pixmo::behaviour {
 
-using namespace behaviour;
+using namespace com;
+using namespace com::test;
 
-void ComDriver::turnTo(behaviour::Window window) {
-    ui_.on([&] {
-        thumbs_ = window == behaviour::Window::Thumbnails ? standingDialog() : nullptr;
-        EXPECT_EQ(thumbs_ != nullptr, window == behaviour::Window::Thumbnails);
+void FaceDriver::turnTo(behaviour::Window window) {
+    my_->ui.on([&] {
+        my_->thumbs = window == behaviour::Window::Thumbnails ? standingDialog() : nullptr;
+        EXPECT_EQ(my_->thumbs != nullptr, window == behaviour::Window::Thumbnails);
     });
 }
 
-Toolbar ComDriver::buttons() const {
-    return thumbs_ ? form_->control()->thumbnails().window()->toolbar() : form_->control()->tlbImage();
+Toolbar FaceDriver::Hands::buttons() const {
+    return thumbs ? form->control()->thumbnails().window()->toolbar() : form->control()->tlbImage();
 }
 
-std::pair<int32_t, int32_t> ComDriver::dialogPlace() {
-    return ui_.on([] {
+std::pair<int32_t, int32_t> FaceDriver::dialogPlace() {
+    return my_->ui.on([] {
         RECT place{};
         GetWindowRect(standingDialog(), &place);
         return std::pair<int32_t, int32_t>(place.left, place.top);
     });
 }
 
-std::vector<ShownThumb> ComDriver::thumbs() {
-    return ui_.on([this] {
+std::vector<ShownThumb> FaceDriver::thumbs() {
+    return my_->ui.on([this] {
         std::vector<ShownThumb> shown;
         ComPtr<IAccessible> list;
-        EXPECT_EQ(AccessibleObjectFromWindow(page(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+        EXPECT_EQ(AccessibleObjectFromWindow(my_->page(), static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
                                              list.receiveAny()),
                   S_OK);
         VARIANT item{};
@@ -52,7 +53,7 @@ std::vector<ShownThumb> ComDriver::thumbs() {
             list->get_accDescription(item, description.receive());
             list->get_accState(item, &state);
             list->accLocation(&corner.x, &corner.y, &size.cx, &size.cy, item);
-            ScreenToClient(page(), &corner);
+            ScreenToClient(my_->page(), &corner);
             shown.push_back({com::textOf(name.get()), com::textOf(description.get()),
                              (state.lVal & STATE_SYSTEM_SELECTED) != 0,
                              (state.lVal & STATE_SYSTEM_FOCUSED) != 0, corner.x, corner.y, size.cx, size.cy});
@@ -62,4 +63,4 @@ std::vector<ShownThumb> ComDriver::thumbs() {
     });
 }
 
-} // namespace pixmo::com::test
+} // namespace pixmo::behaviour

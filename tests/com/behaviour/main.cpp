@@ -12,13 +12,11 @@ const pixmo::com::test::UiThread* windows = nullptr;
 
 } // namespace
 
-std::unique_ptr<pixmo::behaviour::FaceDriver> pixmo::behaviour::makeFaceDriver() {
-    return std::make_unique<pixmo::com::test::ComDriver>(*windows, std::getenv("PIXMO_ENGINE"));
-}
+pixmo::behaviour::FaceDriver::FaceDriver()
+    : my_(std::make_unique<Hands>(*windows, std::getenv("PIXMO_ENGINE"))) {}
 
 // The windows live on this thread, the tests on another: they are the user.
 int main(int argc, char** argv) {
-    using pixmo::com::test::ComDriver;
     testing::InitGoogleTest(&argc, argv);
     if (!std::getenv("PIXMO_ENGINE")) {
         std::fputs("PIXMO_ENGINE is to be the address of a sample engine\n", stderr);
@@ -35,7 +33,7 @@ int main(int argc, char** argv) {
             result = RUN_ALL_TESTS();
             PostThreadMessageW(loop, WM_QUIT, 0, 0);
         });
-        ComDriver::runMessageLoop();
+        pixmo::behaviour::FaceDriver::Hands::runMessageLoop();
         tests.join();
     }
     OleUninitialize();
