@@ -54,7 +54,7 @@ Size PrinterDevice::GetTextExtentPoint32(const std::string& text) const {
 
 bool PrinterDevice::TextOut(int32_t x, int32_t y, const std::string& text) {
     script_->record.push_back("text " + std::to_string(x) + "," + std::to_string(y) + " " + text);
-    return true;
+    return script_->drawsTexts;
 }
 
 bool PrinterDevice::drawRaster(const Raster& picture, const Rectangle& source, const Rectangle& destination) {

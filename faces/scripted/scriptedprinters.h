@@ -21,6 +21,7 @@ struct PrinterScript {
     int32_t endDoc = 1;
     int32_t vanishesAtPage = 0; ///< StartPage of that page fails
     bool drawsPictures = true;
+    bool drawsTexts = true;
     std::string problem;
     /// Text is as wide as it has characters times half the font's height.
     std::vector<std::string> record; ///< calls in their order

@@ -20,6 +20,7 @@ TEST(Text, IllFormedUtf8IsReadOneByteAtATime) {
     EXPECT_EQ(characterCount("a\u00B7\u20AC\U0001F600"), 4U);
     EXPECT_EQ(characterCount("\xC0\xAF"), 2U);         // overlong
     EXPECT_EQ(characterCount("\xED\xA0\x80"), 3U);     // surrogate
+    EXPECT_EQ(characterCount("\xF4\x8F\xBF\xBF"), 1U); // U+10FFFF
     EXPECT_EQ(characterCount("\xF4\x90\x80\x80"), 4U); // beyond U+10FFFF
     EXPECT_EQ(characterCount("\xE2\x82"), 2U);         // cut short
     EXPECT_EQ(firstCharacter("\u00B7x"), "\u00B7");

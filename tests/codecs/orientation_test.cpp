@@ -12,6 +12,7 @@ TEST(Orientation, TurnedBackIsThePicture) {
         for (const int32_t width : {1, 7, 8, 9, 64, 65, 130})
             for (const int32_t height : {1, 8, 33, 70}) {
                 Raster raster = makeRaster(format, width, height);
+                raster.bitsPerPixel = 5;
                 for (int32_t y = 0; y < height; ++y)
                     for (size_t i = 0; i < packedRowSize(format, width); ++i)
                         raster.row(y)[i] = static_cast<uint8_t>(
@@ -23,6 +24,7 @@ TEST(Orientation, TurnedBackIsThePicture) {
                 for (int32_t orientation = 1; orientation <= 8; ++orientation) {
                     const Raster turned = upright(raster, orientation);
                     EXPECT_TRUE(hasCleanMargins(turned));
+                    EXPECT_EQ(turned.bitsPerPixel, 5);
                     const int32_t back = orientation == 6 ? 8 : orientation == 8 ? 6 : orientation;
                     EXPECT_EQ(upright(turned, back).pixels, raster.pixels)
                         << orientation << ": " << width << " x " << height;

@@ -1,4 +1,5 @@
 #include "core/control/menus.h"
+#include "core/windows/dlggotopage.h"
 #include "faces/scripted/scriptedcontrol.h"
 
 #include <gmock/gmock.h>
@@ -189,6 +190,29 @@ TEST_F(CommandsTest, InformationCopyAndSave) {
     control.container->filesAllowed = false;
     EXPECT_FALSE(view().commands().isOffered("SAVEPAGE"));
     EXPECT_FALSE(view().commands().isEnabled("SAVEPAGE"));
+}
+
+TEST_F(CommandsTest, WhatTheyDoIsSeen) {
+    open();
+    control.dialogs->when<dlgGotoPage>([](dlgGotoPage& dialog) {
+        dialog.setTxtPageNumber("4");
+        dialog.cmdOK_Click();
+    });
+    view().runCommand("PAGEGOTO");
+    EXPECT_EQ(view().property("Page"), PropertyValue(int16_t{4}));
+    control.reader->finish(control.tag("GP", 5, 4), ScriptedControl::pageFile());
+    const ImageList* const large = view().tlbImage().Images;
+    view().runCommand("SMALLBUTTONS");
+    EXPECT_LT(view().tlbImage().Images->size, large->size);
+    for (const char* pressed : {"SELECTION", "PAN"}) {
+        view().runCommand(pressed);
+        for (const char* key : {"SELECTION", "PAN"})
+            EXPECT_EQ(view().tlbImage().find(key)->Pressed, std::string(key) == pressed);
+    }
+    view().runCommand("GRAYSCALE");
+    EXPECT_FALSE(picture().GrayScale());
+    view().runCommand("CLEARDEBUG");
+    EXPECT_TRUE(view().txtDebug().lines().empty());
 }
 
 TEST_F(CommandsTest, PlacesOfPagesAreKeptWithinTheDocument) {

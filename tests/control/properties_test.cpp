@@ -140,6 +140,11 @@ TEST(Properties, RefuseBadValues) {
     EXPECT_EQ(failure("EncBytes", std::string("x")), 13);
     EXPECT_EQ(failure("NoR", int32_t{40000}), 6);
     EXPECT_EQ(failure("Font", std::string("Arial")), 13);
+    for (const PropertyValue& number : {PropertyValue(Colour{250}), PropertyValue(int16_t{250})}) {
+        control.view->setProperty("FetchDelay", int32_t{0});
+        EXPECT_EQ(failure("FetchDelay", number), 0);
+        EXPECT_EQ(control.view->property("FetchDelay"), PropertyValue(int32_t{250}));
+    }
     EXPECT_EQ(failure("Delimiter", std::string("   |x ")), 0);
     EXPECT_EQ(control.view->property("Delimiter"), PropertyValue(std::string("|")));
     EXPECT_FALSE(control.view->trySetProperty("PublicKey", std::string()));

@@ -223,13 +223,13 @@ TEST_F(Session, PagesThatAreNone) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         control.messageBox->questions.clear();
-        control.open(5, 1, 3);
-        finishPage(5, 1);
-        setPage(2);
-        control.reader->finish(control.tag("GP", 5, 2), c.data);
+        control.open(5, 2, 3);
+        finishPage(5, 2);
+        setPage(1);
+        control.reader->finish(control.tag("GP", 5, 1), c.data);
         EXPECT_EQ(texts(), c.texts);
         EXPECT_FALSE(control.view->isPageDisplayed());
-        EXPECT_EQ(control.view->viewNotice(), c.cleared ? "" : "Page 2 could not be loaded.");
+        EXPECT_EQ(control.view->viewNotice(), c.cleared ? "" : "Page 1 could not be loaded.");
         if (c.cleared)
             expectEmpty();
         EXPECT_TRUE(control.view->isIdle());
@@ -425,6 +425,16 @@ TEST_F(Session, ClearEndsTheWait) {
     EXPECT_THAT(texts(), ElementsAre(NoContact));
     expectEmpty();
     expectNextLoadWorks();
+}
+
+TEST_F(Session, TheContactMayBeAnsweredBeforeTheRequestReturns) {
+    control.reader->onStart = [this](const AsyncRequest& request) {
+        if (request.PropertyName == "IC")
+            control.reader->finish("IC", control.encipher("IC\u00B7OK"));
+    };
+    control.view->LoadDocumentByDocID(5, 1);
+    EXPECT_TRUE(control.view->parts().session.contacted);
+    EXPECT_FALSE(control.eventLoop->ranDry);
 }
 
 TEST_F(Session, ASecondLoadReplacesTheOneThatWaits) {

@@ -95,6 +95,7 @@ TEST(Utilities, ToolbarButtons) {
     EXPECT_FALSE(
         utilities.AddToolButton(toolbar, "PRINT", "Print document", "Print", ButtonStyle::Default).Enabled);
     utilities.AddToolButton(toolbar, "sep1", "", "", ButtonStyle::Separator);
+    EXPECT_EQ(toolbar.Buttons[0].ToolTipText, "Print document");
     EXPECT_TRUE(cUtilities::ButtonExists(toolbar, "PRINT"));
     EXPECT_FALSE(cUtilities::ButtonExists(toolbar, "print"));
     cUtilities::SetToolBarStyle(toolbar, &small, &large, true, true);

@@ -154,6 +154,7 @@ TEST(ViewGeometry, TurningKeepsTheMiddle) {
     EXPECT_NEAR(geometry.toPicture(geometry.middle()).y, middle.x, 1);
     geometry.turnPicture(Turn::Left);
     EXPECT_NEAR(geometry.toPicture(geometry.middle()).x, middle.x, 1);
+    EXPECT_NEAR(geometry.toPicture(geometry.middle()).y, middle.y, 1);
 }
 
 TEST(ViewGeometry, ZoomToRectangle) {

@@ -139,6 +139,7 @@ TEST_F(PrintDialog, CopiesStayEqualAndWithinBounds) {
     for (const char* useless : {"", "0", "1000", "many"}) {
         dialog.hscPrntCopies_Change(3);
         dialog.txtPrntCopies_Change(useless);
+        EXPECT_EQ(dialog.txtPrntCopies(), useless);
         EXPECT_EQ(dialog.hscPrntCopies(), 3) << useless;
     }
     dialog.cmdPrint_Click();

@@ -114,7 +114,8 @@ TEST_F(PagePrinterTest, TheCoverSheetComesFirst) {
     request.pages = {3, 5};
     request.hasCoverSheet = true;
     request.coverSheet = {"A. Clerk", "5/17/2026 9:30:00 AM", "WS-7", "Deed copies", "2.50"};
-    EXPECT_TRUE(print().completed);
+    const PrintResult result = print();
+    EXPECT_TRUE(result.completed && result.errors.empty());
     ASSERT_EQ(script.record[1], "page");
     EXPECT_EQ(script.record[2], "text 150,150 Print Job Report for User: A. Clerk");
     EXPECT_EQ(script.record[3], "text 150,250 Date: 5/17/2026 9:30:00 AM");
@@ -160,6 +161,14 @@ TEST_F(PagePrinterTest, FailedPagesAreCollected) {
     EXPECT_EQ(result.pagesQueued, 0);
     EXPECT_EQ(result.errors.size(), 3U);
     EXPECT_EQ(std::count(script.record.begin(), script.record.end(), "end page"), 2);
+    script.drawsTexts = false;
+    script.drawsPictures = true;
+    request.caption = "Deed";
+    request.hasCoverSheet = true;
+    result = print();
+    EXPECT_EQ(result.pagesQueued, 0);
+    ASSERT_EQ(result.errors.size(), 4U);
+    EXPECT_THAT(result.errors[0], testing::StartsWith("Cover sheet: "));
 }
 
 TEST_F(PagePrinterTest, AJobThatBreaksOffQueuesNothing) {

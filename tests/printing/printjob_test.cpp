@@ -137,6 +137,23 @@ TEST_F(PrintJobTest, TheShownPageIsFetchedAgainWithoutBeingShownAgain) {
     EXPECT_TRUE(view().isPageDisplayed());
 }
 
+TEST_F(PrintJobTest, APageOfTheJobThatTheUserGoesToIsShown) {
+    control.reader->onStart = [this](const AsyncRequest& request) {
+        control.eventLoop->post([this, tag = request.PropertyName] {
+            view().setProperty("Page", int16_t{3});
+            control.reader->finish(tag, ScriptedControl::pageFile());
+        });
+    };
+    printInDialog([](dlgPrint& dialog) {
+        dialog.optPrintType_Click(PageRange);
+        dialog.txtFromPage_Change("3");
+        dialog.txtToPage_Change("3");
+    });
+    EXPECT_EQ(sheets(), 1);
+    EXPECT_THAT(seen, ElementsAre(3));
+    EXPECT_TRUE(view().isPageDisplayed());
+}
+
 TEST_F(PrintJobTest, AVetoPrintsNothing) {
     struct {
         const char* what;

@@ -59,6 +59,7 @@ TEST_F(ThumbPainting, TellsTheStatesOfPagesApart) {
     EXPECT_GT(count(cross, cell(4)), 20);
     EXPECT_GT(count(Colours.highlight, cell(2)), 300) << "a frame around the page on screen";
     EXPECT_EQ(count(Colours.highlight, cell(1)), 0);
+    EXPECT_GT(count(Colours.placeholder, cell(2)), 30) << "three dots";
     ASSERT_EQ(texts.size(), 5U);
     for (size_t i = 0; i < texts.size(); ++i) {
         EXPECT_EQ(texts[i].text, std::to_string(i + 1));
@@ -109,6 +110,7 @@ TEST_F(ThumbPainting, CommandsOfToolbarAndMenus) {
     };
     EXPECT_EQ(entry("SELECTALL").shortcut, "Ctrl+A");
     EXPECT_EQ(thumbs()->toolbar().find("PRINT")->Description, "Print Selection");
+    EXPECT_EQ(std::ranges::count(thumbs()->toolbar().Buttons, ButtonStyle::Separator, &ToolButton::Style), 1);
     EXPECT_FALSE(entry("PRINT").enabled) << "nothing is selected";
     thumbs()->setItemSizeFactor(dlgThumbs::LargestFactor);
     EXPECT_FALSE(thumbs()->toolbar().find("LARGER")->Enabled);
@@ -118,6 +120,7 @@ TEST_F(ThumbPainting, CommandsOfToolbarAndMenus) {
         thumbs()->run(key);
     EXPECT_EQ(changes, 0);
     EXPECT_TRUE(entry("TOOLBAR").checked);
+    EXPECT_TRUE(entry("TOOLBAR").checkable && !entry("PRINT").checkable);
     thumbs()->run("TOOLBAR");
     EXPECT_FALSE(entry("TOOLBAR").checked);
 }
