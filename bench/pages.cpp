@@ -1,6 +1,6 @@
 #include "bench/pages.h"
 
-#include "core/imaging/rectangle.h"
+#include "core/raster/rectangle.h"
 
 #include <algorithm>
 #include <random>

@@ -1,6 +1,6 @@
 #include "core/base/ansi.h"
 #include "core/base/text.h"
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
 
 #include <algorithm>
 #include <cstdint>

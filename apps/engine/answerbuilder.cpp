@@ -1,7 +1,7 @@
 #include "apps/engine/answerbuilder.h"
 
-#include "apps/engine/pageprotection.h"
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
+#include "core/cipher/pageprotection.h"
 
 #include <algorithm>
 #include <limits>
@@ -9,6 +9,9 @@
 namespace pixmo {
 
 namespace {
+
+/// A viewer reads a page answer below this size as text, in bytes.
+constexpr size_t SmallestPage = 3072;
 
 Answer textAnswer(const EngineRequest& request, const std::vector<std::string>& fields, std::string summary) {
     Answer answer;
@@ -60,8 +63,9 @@ std::string AnswerBuilder::body(Answer answer) const {
     case Answer::Form::Text:
         return clsRC4().EncryptString(answer.text, answer.key, true);
     case Answer::Form::Page:
-        padPage(answer.page);
-        protectPage(answer.page, protectedBytes_);
+        // Zero bytes at the end: pictures end before them and decoders ignore them.
+        answer.page.resize(std::max(answer.page.size(), SmallestPage));
+        reverseProtectedBytes(answer.page, protectedBytes_);
         return {answer.page.begin(), answer.page.end()};
     case Answer::Form::Raw:
         break;

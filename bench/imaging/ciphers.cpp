@@ -1,5 +1,5 @@
 #include "bench/imaging/rows.h"
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
 
 #if __has_include("core/protocol/cclienthandlers.h")
 #include "core/protocol/cclienthandlers.h"

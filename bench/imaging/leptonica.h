@@ -1,8 +1,8 @@
 #pragma once
 
 #include "bench/harness.h"
-#include "core/imaging/raster.h"
-#include "core/imaging/rectangle.h"
+#include "core/raster/raster.h"
+#include "core/raster/rectangle.h"
 
 #include <memory>
 #include <vector>

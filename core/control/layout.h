@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/imaging/rectangle.h"
+#include "core/raster/rectangle.h"
 
 #include <cstdint>
 

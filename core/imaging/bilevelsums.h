@@ -2,7 +2,7 @@
 
 #include "core/imaging/axis.h"
 #include "core/imaging/bitcounter.h"
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "core/imaging/cleadimagefunctions.h"
 
 #include "core/base/files.h"
-#include "core/protocol/cclienthandlers.h"
+#include "core/cipher/pageprotection.h"
 
 #include <new>
 #include <string>
@@ -18,7 +18,8 @@ int32_t cLeadImageFunctions::imgFileToArray(const std::filesystem::path& path, B
 }
 
 int32_t cLeadImageFunctions::imgDecryptArray(std::span<uint8_t> array, int32_t encBytes) const {
-    return cClientHandlers(errorObject_).N5148F(array, encBytes);
+    return errorObject_.attempt("cLeadImageFunctions.imgDecryptArray",
+                                [&] { reverseProtectedBytes(array, encBytes); });
 }
 
 int32_t cLeadImageFunctions::imgDecryptToArray(const std::filesystem::path& path, Bytes& array,

@@ -18,7 +18,7 @@ namespace pixmo {
 /// Turns page files and page bytes into the displayed picture. Operations answer 0, or the number of the
 /// error that they left in the error object; a failed load leaves the view as it was.
 ///
-/// `EncBytes` is the count of leading bytes whose order is reversed, -1 for all (cClientHandlers::N5148F).
+/// `EncBytes` is the count of leading bytes whose order is reversed, -1 for all (reverseProtectedBytes).
 class cLeadImageFunctions {
 public:
     using Bytes = std::vector<uint8_t>;

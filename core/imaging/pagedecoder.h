@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 
 #include <cstdint>
 #include <span>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "core/base/event.h"
-#include "core/imaging/raster.h"
-#include "core/imaging/rectangle.h"
 #include "core/imaging/rotation.h"
 #include "core/imaging/viewcomposer.h"
 #include "core/imaging/viewgeometry.h"
 #include "core/platform/viewsurface.h"
+#include "core/raster/raster.h"
+#include "core/raster/rectangle.h"
 
 #include <cstdint>
 #include <optional>

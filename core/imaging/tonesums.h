@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/imaging/axis.h"
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/imaging/raster.h"
-#include "core/imaging/rectangle.h"
 #include "core/imaging/reducer.h"
+#include "core/raster/raster.h"
+#include "core/raster/rectangle.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/imaging/rectangle.h"
 #include "core/imaging/rotation.h"
+#include "core/raster/rectangle.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/imaging/raster.h"
-#include "core/imaging/rectangle.h"
+#include "core/raster/raster.h"
+#include "core/raster/rectangle.h"
 
 #include <cstdint>
 #include <string>

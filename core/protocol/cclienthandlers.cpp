@@ -1,7 +1,8 @@
 #include "core/protocol/cclienthandlers.h"
 
 #include "core/base/text.h"
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
+#include "core/cipher/pageprotection.h"
 
 #include <algorithm>
 #include <array>
@@ -208,12 +209,8 @@ void cClientHandlers::ProcessCP(const std::string& field) const {
 }
 
 int32_t cClientHandlers::N5148F(std::span<uint8_t> bytes, int32_t N, int32_t lowerBound) const {
-    return errorObject_->attempt("cClientHandlers.N5148F", [&] {
-        const int64_t upperBound = lowerBound + static_cast<int64_t>(bytes.size()) - 1;
-        const int64_t last = N == -1 ? upperBound : std::min<int64_t>(N, upperBound);
-        if (last > lowerBound)
-            std::ranges::reverse(bytes.first(static_cast<size_t>(last - lowerBound + 1)));
-    });
+    return errorObject_->attempt("cClientHandlers.N5148F",
+                                 [&] { reverseProtectedBytes(bytes, N, lowerBound); });
 }
 
 } // namespace pixmo

@@ -52,9 +52,7 @@ public:
                             const std::string& response, const std::string& expectedType,
                             std::vector<std::string>& fields) const;
 
-    /// The protection of page files: reverses the order of the elements from the array's lower bound up to
-    /// index N and leaves the rest. On the one-based arrays of pages that is exactly the first N bytes; -1,
-    /// and an index beyond the end, mean all. Its own inverse.
+    /// reverseProtectedBytes, with the answer of an operation: 0.
     int32_t N5148F(std::span<uint8_t> bytes, int32_t N, int32_t lowerBound = 1) const;
 
 private:

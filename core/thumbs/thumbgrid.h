@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/imaging/rectangle.h"
 #include "core/imaging/viewgeometry.h"
+#include "core/raster/rectangle.h"
 
 #include <cstdint>
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "core/diag/cerrobject.h"
-#include "core/imaging/raster.h"
 #include "core/platform/clipboard.h"
 #include "core/platform/dialog.h"
 #include "core/platform/messagebox.h"
+#include "core/raster/raster.h"
 
 #include <memory>
 #include <string>

@@ -1,7 +1,7 @@
 #include "faces/scripted/scriptedcontrol.h"
 
+#include "core/cipher/clsrc4.h"
 #include "core/diag/applicationlog.h"
-#include "core/imaging/clsrc4.h"
 
 #include <algorithm>
 

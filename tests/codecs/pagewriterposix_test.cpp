@@ -1,7 +1,7 @@
 #include "codecs/pagewriter.h"
 #include "core/base/error.h"
 #include "core/base/files.h"
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 
 #include <gtest/gtest.h>
 

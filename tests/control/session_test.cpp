@@ -1,6 +1,6 @@
 #include "tests/control/logreader.h"
 
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

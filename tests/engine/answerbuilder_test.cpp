@@ -1,5 +1,4 @@
 #include "apps/engine/answerbuilder.h"
-#include "apps/engine/pageprotection.h"
 #include "tests/engine/samplefolder.h"
 #include "tests/engine/viewer.h"
 
@@ -26,20 +25,6 @@ TEST(AnswerBuilder, TextsAreTheHexadecimalOfTheCipher) {
     EXPECT_EQ(builder.body(AnswerBuilder::error(request("|"), engine_error::NoDocument)),
               "70FFEE84D5DDDB72B20C01527A750939131A0775E683425E9BE2AF19804D66FA0D0F");
     EXPECT_EQ(AnswerBuilder::pageCount(request("|"), 3, properties).text, "PC|OK|3|CP'EncBytes'='-1'");
-}
-
-TEST(PageProtection, ReversesTheLeadingBytes) {
-    struct Case {
-        int32_t count;
-        std::vector<uint8_t> expected;
-    };
-    for (const Case& c : {Case{-1, {5, 4, 3, 2, 1}}, Case{0, {1, 2, 3, 4, 5}}, Case{1, {1, 2, 3, 4, 5}},
-                          Case{2, {2, 1, 3, 4, 5}}, Case{4, {4, 3, 2, 1, 5}}, Case{99, {5, 4, 3, 2, 1}},
-                          Case{-2, {1, 2, 3, 4, 5}}}) {
-        std::vector<uint8_t> page = {1, 2, 3, 4, 5};
-        protectPage(page, c.count);
-        EXPECT_EQ(page, c.expected) << c.count;
-    }
 }
 
 TEST(PageProtection, APageNeverLooksLikeATextAndComesBackWhole) {

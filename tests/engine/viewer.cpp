@@ -2,7 +2,7 @@
 
 #include "core/base/ansi.h"
 #include "core/base/text.h"
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,6 +1,6 @@
 #include "core/protocol/cclienthandlers.h"
 
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "apps/windows/form/eventsink.h"
 #include "apps/windows/form/placedcontrol.h"
-#include "faces/com/windows/gdi.h"
+#include "faces/com/base/gdi.h"
 #include "faces/com/windows/programicon.h"
 
 #include <functional>

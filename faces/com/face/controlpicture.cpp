@@ -4,10 +4,10 @@
 #include "core/drawing/pathpainter.h"
 #include "core/imaging/viewcomposer.h"
 #include "core/imaging/viewgeometry.h"
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/windows/colours.h"
 #include "faces/com/windows/fonts.h"
-#include "faces/com/windows/pixelbuffer.h"
 
 #include <algorithm>
 #include <cstdlib>

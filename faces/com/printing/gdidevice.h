@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/platform/printerdevice.h"
-#include "faces/com/windows/gdi.h"
+#include "faces/com/base/gdi.h"
 
 #include <map>
 

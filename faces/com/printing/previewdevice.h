@@ -1,7 +1,7 @@
 #pragma once
 
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/printing/gdidevice.h"
-#include "faces/com/windows/pixelbuffer.h"
 
 #include <memory>
 

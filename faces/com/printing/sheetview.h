@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/platform/dialog.h"
-#include "faces/com/windows/pixelbuffer.h"
+#include "faces/com/base/pixelbuffer.h"
 
 #include <functional>
 #include <memory>

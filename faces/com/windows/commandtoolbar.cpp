@@ -1,11 +1,11 @@
 #include "faces/com/windows/commandtoolbar.h"
 
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/base/window.h"
 #include "faces/com/windows/colours.h"
 #include "faces/com/windows/dpi.h"
 #include "faces/com/windows/fonts.h"
-#include "faces/com/windows/pixelbuffer.h"
 #include "icons/commandicon.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "core/platform/dialog.h"
+#include "faces/com/base/gdi.h"
 #include "faces/com/printing/sheetview.h"
 #include "faces/com/windows/dialoglayout.h"
-#include "faces/com/windows/gdi.h"
 #include "faces/com/windows/modaldialog.h"
 
 #include <functional>

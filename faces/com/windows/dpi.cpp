@@ -1,6 +1,6 @@
 #include "faces/com/windows/dpi.h"
 
-#include "faces/com/windows/gdi.h"
+#include "faces/com/base/gdi.h"
 
 namespace pixmo::com {
 

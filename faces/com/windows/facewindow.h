@@ -2,10 +2,10 @@
 
 #include "core/control/imageview.h"
 #include "faces/com/base/facelink.h"
+#include "faces/com/base/gdi.h"
 #include "faces/com/base/window.h"
 #include "faces/com/windows/commandtoolbar.h"
 #include "faces/com/windows/debugpane.h"
-#include "faces/com/windows/gdi.h"
 #include "faces/com/windows/lookwatcher.h"
 #include "faces/com/windows/pageview.h"
 #include "faces/com/windows/statusrow.h"

@@ -1,8 +1,8 @@
 #include "faces/com/windows/programicon.h"
 
 #include "core/drawing/programpicture.h"
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/windows/dpi.h"
-#include "faces/com/windows/pixelbuffer.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "core/drawing/textrun.h"
-#include "core/imaging/raster.h"
 #include "core/imaging/viewgeometry.h"
+#include "core/raster/raster.h"
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/base/window.h"
 #include "faces/com/windows/accessible.h"
 #include "faces/com/windows/dpi.h"
-#include "faces/com/windows/pixelbuffer.h"
 
 #include <vector>
 

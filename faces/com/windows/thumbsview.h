@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/thumbs/dlgthumbs.h"
-#include "faces/com/windows/gdi.h"
+#include "faces/com/base/gdi.h"
 #include "faces/com/windows/scrolledview.h"
 #include "faces/com/windows/tip.h"
 

@@ -1,6 +1,6 @@
 #include "faces/qt/ports/clipboard.h"
 
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 #include "faces/qt/ports/texts.h"
 
 #include <QClipboard>

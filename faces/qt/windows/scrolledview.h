@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/drawing/textrun.h"
-#include "core/imaging/raster.h"
 #include "core/imaging/viewgeometry.h"
+#include "core/raster/raster.h"
 
 #include <QAbstractScrollArea>
 #include <QImage>

@@ -1,8 +1,8 @@
 #include "tests/com/behaviour/comdriver.h"
 
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/control/identifiers.h"
-#include "faces/com/windows/pixelbuffer.h"
 #include "tests/com/behaviour/openwindows.h"
 #include "tests/com/face/user.h"
 

@@ -1,10 +1,10 @@
 #include "tests/com/face/facetest.h"
 
+#include "faces/com/base/gdi.h"
+#include "faces/com/base/pixelbuffer.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/ports/messagebox.h"
 #include "faces/com/windows/colours.h"
-#include "faces/com/windows/gdi.h"
-#include "faces/com/windows/pixelbuffer.h"
 
 #include <atomic>
 #include <commctrl.h>

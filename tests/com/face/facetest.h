@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 #include "tests/com/face/facehostwindow.h"
 #include "tests/com/face/user.h"
 

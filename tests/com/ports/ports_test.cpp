@@ -1,6 +1,6 @@
 #include "core/base/ansi.h"
 #include "core/base/files.h"
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 #include "faces/com/ports/clipboard.h"
 #include "faces/com/ports/clock.h"
 #include "faces/com/ports/codepage.h"

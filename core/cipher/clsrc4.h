@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/base/event.h"
-#include "core/imaging/rc4keystream.h"
+#include "core/cipher/rc4keystream.h"
 
 #include <cstddef>
 #include <cstdint>

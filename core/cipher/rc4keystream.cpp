@@ -1,4 +1,4 @@
-#include "core/imaging/rc4keystream.h"
+#include "core/cipher/rc4keystream.h"
 
 #include "core/base/words.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "core/imaging/raster.h"
-#include "core/imaging/rectangle.h"
-#include "faces/com/windows/gdi.h"
+#include "core/raster/raster.h"
+#include "core/raster/rectangle.h"
+#include "faces/com/base/gdi.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "core/imaging/clsrc4.h"
+#include "core/cipher/clsrc4.h"
 
 #include "core/base/ansi.h"
 #include "core/base/error.h"

@@ -1,4 +1,4 @@
-#include "core/imaging/raster.h"
+#include "core/raster/raster.h"
 
 #include <algorithm>
 

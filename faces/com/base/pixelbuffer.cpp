@@ -1,4 +1,4 @@
-#include "faces/com/windows/pixelbuffer.h"
+#include "faces/com/base/pixelbuffer.h"
 
 #include <utility>
 
