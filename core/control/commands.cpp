@@ -134,13 +134,13 @@ void Commands::tlbImage_ButtonClick(const ToolButton& button) {
 
 CommandFacts Commands::facts() const {
     CommandFacts facts;
-    facts.pageDisplayed = parts_.isPageDisplayed();
-    facts.transferPending = parts_.session.pending.Count() > 0;
-    facts.printing = parts_.printing.running;
+    facts.pageDisplayed = session_.isPageDisplayed();
+    facts.transferPending = transfers_.isAnyPending();
+    facts.printing = isPrinting && isPrinting();
     facts.canPrint = canPrint;
     facts.canShowThumbs = canShowThumbs;
-    facts.page = parts_.session.currentPage;
-    facts.pageCount = parts_.session.pageCount;
+    facts.page = session_.state().currentPage;
+    facts.pageCount = session_.state().pageCount;
     return facts;
 }
 
@@ -176,14 +176,14 @@ void Commands::turnTo(int32_t page) {
 
 void Commands::imgPageGoto() {
     dlgGotoPage dialog;
-    dialog.setPageNumber(parts_.session.currentPage);
-    dialog.setPageCount(parts_.session.pageCount);
-    const int32_t document = parts_.session.currentDocument;
+    dialog.setPageNumber(session_.state().currentPage);
+    dialog.setPageCount(session_.state().pageCount);
+    const int32_t document = session_.state().currentDocument;
     parts_.ports.dialogs->showModal(dialog);
     const int16_t answer = dialog.PageNumber();
-    if (answer == 0 || parts_.ended() || parts_.session.currentDocument != document)
+    if (answer == 0 || parts_.ended() || session_.state().currentDocument != document)
         return;
-    auto page = std::clamp<int16_t>(answer, 1, parts_.session.pageCount);
+    auto page = std::clamp<int16_t>(answer, 1, session_.state().pageCount);
     session_.LoadPage(page, false, false);
 }
 
@@ -216,13 +216,13 @@ void Commands::copyPage() {
 }
 
 void Commands::savePage() {
-    const int32_t document = parts_.session.currentDocument;
-    const int16_t page = parts_.session.currentPage;
+    const int32_t document = session_.state().currentDocument;
+    const int16_t page = session_.state().currentPage;
     parts_.procedure("imgSavePage").step([&] {
         dlgSavePage dialog("document " + std::to_string(document) + " page " + std::to_string(page),
                            *parts_.ports.settings);
         const auto path = parts_.ports.dialogs->askSavePath(dialog);
-        if (path && !parts_.ended() && parts_.isPageDisplayed())
+        if (path && !parts_.ended() && session_.isPageDisplayed())
             parts_.ports.pageWriter->write(parts_.lvrImage.raster(), *path);
     });
 }
@@ -231,8 +231,8 @@ void Commands::imageInfo() {
     parts_.procedure("mnuPopupImageInfo_Click").step([this] {
         dlgAbout dialog(parts_.ports.messageBox.get(), *parts_.ports.clipboard);
         dialog.setERRR(parts_.errors);
-        dialog.ShowImageInfo(parts_.isPageDisplayed() ? &parts_.lvrImage.raster() : nullptr,
-                             std::to_string(parts_.session.currentDocument));
+        dialog.ShowImageInfo(session_.isPageDisplayed() ? &parts_.lvrImage.raster() : nullptr,
+                             std::to_string(session_.state().currentDocument));
         parts_.ports.dialogs->showModal(dialog);
     });
 }

@@ -8,6 +8,7 @@
 #include "core/control/transfers.h"
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <span>
 #include <string>
@@ -81,10 +82,11 @@ public:
 
     MenuChecks checks;
     bool debugShown = false;
-    bool canPrint = false;      ///< whether a printer can be asked for
-    bool canShowThumbs = false; ///< whether there is a window for thumbnails
-    bool toolbarShown = true;   ///< as the host wants it
-    bool menusShown = true;     ///< as the host wants it
+    bool canPrint = false;            ///< whether a printer can be asked for
+    std::function<bool()> isPrinting; ///< whether a print job runs
+    bool canShowThumbs = false;       ///< whether there is a window for thumbnails
+    bool toolbarShown = true;         ///< as the host wants it
+    bool menusShown = true;           ///< as the host wants it
     Event<> ToolbarStyleChanged;
     Event<> ThumbnailsRequested;
     Event<bool> PrintRequested; ///< whether the print dialog is to be shown
@@ -94,10 +96,10 @@ private:
     friend struct CommandTable;
     friend struct KeyTable;
 
-    void imgPagePrev() { turnTo(parts_.session.currentPage - 1); }
-    void imgPageNext() { turnTo(parts_.session.currentPage + 1); }
+    void imgPagePrev() { turnTo(session_.state().currentPage - 1); }
+    void imgPageNext() { turnTo(session_.state().currentPage + 1); }
     void imgPageFirst() { turnTo(1); }
-    void imgPageLast() { turnTo(parts_.session.pageCount); }
+    void imgPageLast() { turnTo(session_.state().pageCount); }
     void imgPageGoto();
     void imgPrintPages() { PrintRequested.raise(true); }
     void imgPrintCurrentOnly() { PrintRequested.raise(false); }

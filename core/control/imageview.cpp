@@ -32,19 +32,22 @@ std::shared_ptr<ImageView> ImageView::create(ControlPorts ports) {
 }
 
 ImageView::ImageView(ControlPorts ports)
-    : parts_(std::move(ports)),
-      session_(parts_, [this](const std::string& address) { setProperty("EngineAddress", address); }),
+    : parts_(std::move(ports)), utilities_(parts_.ports.identity.get()), packager2_(parts_.errors),
       transfers_(
           parts_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); },
           [this](const AsyncProperty& record) { responses_.ProcessServerResponse(record); }),
-      responses_(parts_, session_, transfers_,
+      session_(parts_, packager2_, transfers_,
+               [this](const std::string& address) { setProperty("EngineAddress", address); }),
+      responses_(parts_, packager2_, session_, transfers_,
                  [this](const std::string& name, const std::string& value) { setProperty(name, value); }),
-      commandBar_(parts_.utilities), commands_(parts_, session_, transfers_, commandBar_, debug_),
-      mouse_(parts_), thumbnails_(
-                          parts_, session_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); },
-                          [this] { return commands_.canPrint && !commands_.isForbidden("PRINT"); }),
+      commandBar_(utilities_), commands_(parts_, session_, transfers_, commandBar_, debug_),
+      mouse_(parts_.lvrImage, parts_.leadImageHelp, *parts_.ports.viewSurface, session_,
+             [this] { UpdateUI(); }),
+      thumbnails_(
+          parts_, session_, transfers_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); },
+          [this] { return commands_.canPrint && !commands_.isForbidden("PRINT"); }),
       printJob_(parts_, session_, commands_) {
-    session_.setTransfers(transfers_);
+    utilities_.setERRR(&parts_.errors);
     parts_.updateUI = [this] { UpdateUI(); };
     parts_.leadImageHelp.DebugPrint.connect([this](const std::string& line) { trace(line); });
     commands_.ToolbarStyleChanged.connect([this] { UpdateUI(); });
@@ -56,6 +59,8 @@ ImageView::ImageView(ControlPorts ports)
 
 /// Each keeps the control while its job runs.
 void ImageView::connectPrinting() {
+    commands_.isPrinting = [this] { return printJob_.state().running; };
+    session_.Emptied.connect([this] { printJob_.forgetOutcome(); });
     commands_.PrintRequested.connect([this](bool withDialog) {
         const auto self = shared_from_this();
         if (withDialog)
@@ -146,8 +151,8 @@ void ImageView::UserControl_WriteProperties(PropertyBag& bag) {
 }
 
 void ImageView::readIdentity() {
-    parts_.properties.UserLogin = parts_.utilities.GetNTLogin();
-    parts_.properties.MachineName = parts_.utilities.GetWorkstationID();
+    parts_.properties.UserLogin = utilities_.GetNTLogin();
+    parts_.properties.MachineName = utilities_.GetWorkstationID();
 }
 
 void ImageView::readUserSettings() {

@@ -99,7 +99,7 @@ public:
     int32_t progressPercent() const;
     /// What to show instead of the picture while the picture of the current page is not there; "" when it is.
     std::string viewNotice() const;
-    bool isPageDisplayed() const { return parts_.isPageDisplayed(); }
+    bool isPageDisplayed() const { return session_.isPageDisplayed(); }
     /// The picture of the current page is on its way; if not, and it is not displayed, it could not be
     /// loaded.
     bool isPageAwaited() const;
@@ -112,6 +112,7 @@ public:
 
     ControlParts& parts() { return parts_; }
     const ControlParts& parts() const { return parts_; }
+    Transfers& transfers() { return transfers_; }
     Session& session() { return session_; }
     const Session& session() const { return session_; }
     Timer& tmrResizeDelay() const { return *tmrResizeDelay_; }
@@ -131,7 +132,6 @@ private:
     void readProperty(const PropertyBag& bag, const PropertyRow& row);
     void letProperty(const PropertyRow& row, const PropertyValue& value);
     void UpdateUI();
-    bool isContacting() const;
     void tmrDelay_Timer() { session_.tmrDelay_Timer(); }
     void tmrResizeDelay_Timer();
     void tmrRunResize_Timer();
@@ -139,8 +139,10 @@ private:
     static constexpr int32_t NoGrayScaleSaved = -1;
 
     ControlParts parts_;
-    Session session_;
+    cUtilities utilities_;
+    cClientHandlers packager2_;
     Transfers transfers_;
+    Session session_;
     Responses responses_;
     CommandBar commandBar_;
     DebugTrace debug_;

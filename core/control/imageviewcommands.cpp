@@ -29,8 +29,7 @@ void ImageView::rebuildToolbar() {
 void ImageView::UpdateUI() {
     parts_.procedure("UpdateUI").step([this] {
         if (!mouse_.isDragging())
-            parts_.showPointer(parts_.session.pending.Count() > 0 ? Pointer::ArrowHourglass
-                                                                  : Pointer::Default);
+            parts_.showPointer(transfers_.isAnyPending() ? Pointer::ArrowHourglass : Pointer::Default);
         commands_.refreshToolbar();
         thumbnails_.follow();
         InterfaceChanged.raise();
@@ -83,51 +82,45 @@ std::string ImageView::viewDescription() const {
 }
 
 std::string ImageView::txtPage() const {
-    return "Page " + std::to_string(parts_.session.currentPage) + " of " +
-           std::to_string(parts_.session.pageCount);
+    return "Page " + std::to_string(session_.state().currentPage) + " of " +
+           std::to_string(session_.state().pageCount);
 }
 
 bool ImageView::isIdle() const {
-    return !parts_.printing.running && parts_.session.pending.Count() == 0 &&
-           !session_.tmrDelay().isRunning() && !tmrResizeDelay_->isRunning();
-}
-
-bool ImageView::isContacting() const {
-    return parts_.session.pending.contains("IC");
+    return !printJob_.state().running && !transfers_.isAnyPending() && !session_.tmrDelay().isRunning() &&
+           !tmrResizeDelay_->isRunning();
 }
 
 bool ImageView::isPageAwaited() const {
-    return isContacting() || session_.tmrDelay().isRunning() ||
-           parts_.session.pending.contains(session_.pageTag(parts_.session.currentPage));
+    return transfers_.isContacting() || session_.tmrDelay().isRunning() ||
+           session_.isPagePending(session_.state().currentPage);
 }
 
 std::string ImageView::viewNotice() const {
-    const SessionState& session = parts_.session;
+    const SessionState& session = session_.state();
     if (session.currentDocument == 0 || isPageDisplayed())
         return {};
-    if (isContacting())
+    if (transfers_.isContacting())
         return "Contacting the server\u2026";
     const std::string page = "Page " + std::to_string(std::max<int16_t>(session.currentPage, 1));
     if (isPageAwaited())
         return "Loading page " + std::to_string(session.currentPage) + "\u2026";
     if (session.currentPage == 0)
         return {};
-    return page + " could not be loaded." +
-           (session.transferProblem.empty() ? "" : "\n" + session.transferProblem);
+    return page + " could not be loaded." + (transfers_.problem().empty() ? "" : "\n" + transfers_.problem());
 }
 
 std::string ImageView::statusText() const {
-    if (isContacting())
+    if (transfers_.isContacting())
         return "Contacting the server\u2026";
-    if (parts_.printing.running && !parts_.printing.text.empty())
-        return withoutBreaks(parts_.printing.text);
-    const TransferProgress& progress = parts_.progress;
-    if (parts_.session.pending.Count() == 0)
-        return parts_.session.transferProblem.empty()
-                   ? parts_.printing.text
-                   : "Transfer failed: " + withoutBreaks(parts_.session.transferProblem);
+    if (printJob_.state().running && !printJob_.state().text.empty())
+        return withoutBreaks(printJob_.state().text);
+    const TransferProgress& progress = transfers_.progress();
+    if (!transfers_.isAnyPending())
+        return transfers_.problem().empty() ? printJob_.state().text
+                                            : "Transfer failed: " + withoutBreaks(transfers_.problem());
     std::string text = "Loading\u2026";
-    if (!progress.tag.empty() && progress.bytesRead > 0) {
+    if (!progress.name.empty() && progress.bytesRead > 0) {
         text = "Loading: " + kilobytes(progress.bytesRead);
         if (progress.bytesMax > 0)
             text += " of " + kilobytes(progress.bytesMax) + " (" + std::to_string(progressPercent()) + " %)";
@@ -136,10 +129,10 @@ std::string ImageView::statusText() const {
 }
 
 int32_t ImageView::progressPercent() const {
-    if (parts_.printing.running && parts_.printing.percent >= 0)
-        return parts_.printing.percent;
-    const TransferProgress& progress = parts_.progress;
-    if (progress.tag.empty() || progress.bytesMax <= 0)
+    if (printJob_.state().running && printJob_.state().percent >= 0)
+        return printJob_.state().percent;
+    const TransferProgress& progress = transfers_.progress();
+    if (progress.name.empty() || progress.bytesMax <= 0)
         return -1;
     return static_cast<int32_t>(
         std::clamp<int64_t>(int64_t{100} * progress.bytesRead / progress.bytesMax, 0, 100));

@@ -59,26 +59,31 @@ PrintJob::PrintJob(ControlParts& parts, Session& session, Commands& commands)
 
 PrintJob::~PrintJob() = default;
 
+void PrintJob::forgetOutcome() {
+    if (!state_.running)
+        state_ = {};
+}
+
 bool PrintJob::isPossible() const {
-    return parts_.ports.printers && !parts_.printing.running && !asking_ && !parts_.ended() &&
-           parts_.session.currentDocument != 0;
+    return parts_.ports.printers && !state_.running && !asking_ && !parts_.ended() &&
+           session_.state().currentDocument != 0;
 }
 
 /// The job's document is still the control's.
 bool PrintJob::isCurrent() const {
-    return !parts_.ended() && parts_.session.currentDocument == document_;
+    return !parts_.ended() && session_.state().currentDocument == document_;
 }
 
 void PrintJob::imgPrintCurrentOnly() {
     parts_.procedure("imgPrintCurrentOnly").step([this] {
-        print({{parts_.session.currentPage}, FitToPage, 1});
+        print({{session_.state().currentPage}, FitToPage, 1});
     });
 }
 
 void PrintJob::imgPrintPages() {
     if (!isPossible())
         return;
-    document_ = parts_.session.currentDocument;
+    document_ = session_.state().currentDocument;
     parts_.procedure("imgPrintPages").step([this] {
         const Choice choice = askUser();
         if (isCurrent())
@@ -102,8 +107,8 @@ PrintJob::Choice PrintJob::askUser() {
 }
 
 void PrintJob::fillDialog(dlgPrint& dialog) {
-    dialog.setPageCount(std::max(parts_.session.pageCount, parts_.session.currentPage));
-    dialog.setCurrPage(parts_.session.currentPage);
+    dialog.setPageCount(std::max(session_.state().pageCount, session_.state().currentPage));
+    dialog.setCurrPage(session_.state().currentPage);
     dialog.setAllPages(parts_.properties.DfPrintAllPages);
     dialog.setPrinterObject(printer_.get());
     dialog.Form_Load();
@@ -113,13 +118,13 @@ int32_t PrintJob::print(const Choice& choice) {
     if (!isPossible() || choice.pages.empty())
         return 0;
     begin(choice);
-    parts_.printing = {true, {}, -1};
+    state_ = {true, {}, -1};
     if (!printer_)
         printer_ = std::make_unique<cPrinter>(*parts_.ports.printers);
     BeginPrintJob(choice);
     view_.reset();
-    parts_.printing.running = false;
-    parts_.printing.percent = -1;
+    state_.running = false;
+    state_.percent = -1;
     if (!parts_.ended())
         parts_.updateUI();
     return pagesQueued_;
@@ -127,7 +132,7 @@ int32_t PrintJob::print(const Choice& choice) {
 
 /// What print and preview have in common.
 void PrintJob::begin(const Choice& choice) {
-    document_ = parts_.session.currentDocument;
+    document_ = session_.state().currentDocument;
     cancelled_ = false;
     pagesQueued_ = 0;
     view_.reset();
@@ -136,13 +141,13 @@ void PrintJob::begin(const Choice& choice) {
 }
 
 Raster PrintJob::currentView(const Choice& choice) const {
-    const bool isShown = parts_.isPageDisplayed() && choice.pages.front() == parts_.session.currentPage;
+    const bool isShown = session_.isPageDisplayed() && choice.pages.front() == session_.state().currentPage;
     return isShown ? partOf(parts_.lvrImage.raster(), outward(parts_.lvrImage.rectangles().sourceClip))
                    : Raster();
 }
 
 void PrintJob::cancel() {
-    if (parts_.printing.running)
+    if (state_.running)
         cancelled_ = true;
 }
 
@@ -204,8 +209,7 @@ void PrintJob::fetchAhead(const std::vector<int16_t>& pages, size_t first) {
 }
 
 bool PrintJob::isPageAwaited(int16_t page) const {
-    return isCurrent() && !cancelled_ && !session_.IsPageCached(page) &&
-           parts_.session.pending.contains(session_.pageTag(page));
+    return isCurrent() && !cancelled_ && !session_.IsPageCached(page) && session_.isPagePending(page);
 }
 
 bool PrintJob::awaitPage(int16_t page) {
@@ -256,7 +260,7 @@ PrintRequest PrintJob::requestOf(const Choice& choice) {
 
 std::vector<std::string> PrintJob::pageNumbers(const std::vector<int16_t>& pages) const {
     const bool ofDocument = parts_.properties.PrintPageNumStyle == pnSourceDocPageNums;
-    const auto total = static_cast<size_t>(ofDocument ? parts_.session.pageCount : countOf(pages));
+    const auto total = static_cast<size_t>(ofDocument ? session_.state().pageCount : countOf(pages));
     std::vector<std::string> texts;
     for (size_t index = 0; index < pages.size(); ++index) {
         const size_t number = ofDocument ? static_cast<size_t>(pages[index]) : index + 1;
@@ -316,7 +320,7 @@ void PrintJob::report(const PrintResult& result) {
 }
 
 void PrintJob::showPreview(const Choice& choice) {
-    if (parts_.printing.running || !isCurrent())
+    if (state_.running || !isCurrent())
         return;
     begin(choice);
     PrintPreview preview(parts_.errors, *parts_.ports.messageBox, *parts_.ports.printers, *this,
@@ -343,7 +347,7 @@ Raster PrintJob::loadPage(int16_t page) {
     cLeadImageFunctions::Bytes bytes;
     Raster picture;
     const bool loaded = isCurrent() && session_.IsPageCached(page) &&
-                        parts_.leadImageHelp.imgDecryptToArray(parts_.session.pages.file(page), bytes,
+                        parts_.leadImageHelp.imgDecryptToArray(session_.state().pages.file(page), bytes,
                                                                parts_.properties.EncBytes) == 0 &&
                         parts_.leadImageHelp.LoadArrayToRaster(bytes, picture) == 0;
     return loaded ? std::move(picture) : Raster();
@@ -352,8 +356,8 @@ Raster PrintJob::loadPage(int16_t page) {
 void PrintJob::printStatus(const std::string& text, int32_t percent) {
     if (parts_.ended())
         return;
-    parts_.printing.text = text;
-    parts_.printing.percent = percent;
+    state_.text = text;
+    state_.percent = percent;
     parts_.updateUI();
 }
 

@@ -10,11 +10,19 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace pixmo {
 
 class dlgPrint;
+
+/// What a print job says of itself; the text stays when the job is over.
+struct PrintingState {
+    bool running = false;
+    std::string text;
+    int32_t percent = -1; ///< 0 to 100, or -1
+};
 
 /// The control's side of printing: what is printed, whether the host lets it, and the pages for it. One job
 /// at a time; a second one that is asked for while one runs, or while the user is asked, is ignored.
@@ -33,6 +41,9 @@ public:
         bool mayCrop = false; ///< full-size pages are cut to the paper without asking
     };
 
+    const PrintingState& state() const { return state_; }
+    /// Nothing is said any more of a job that is over.
+    void forgetOutcome();
     /// Whether a job would be heeded now.
     bool isPossible() const;
     void imgPrintCurrentOnly();
@@ -70,6 +81,7 @@ private:
 
     ControlParts& parts_;
     Session& session_;
+    PrintingState state_;
     std::unique_ptr<cPrinter> printer_;
     int32_t document_ = 0; ///< whose pages are printed
     bool asking_ = false;  ///< the dialog is shown

@@ -88,14 +88,14 @@ bool letLogFileName(ImageView& view, const PropertyValue& value) {
 
 bool letDocID(ImageView& view, const PropertyValue& value) {
     const int32_t docID = std::get<int32_t>(value);
-    if (docID != view.parts().session.currentDocument)
+    if (docID != view.session().state().currentDocument)
         view.session().LoadDocumentByDocID(docID, 1, {});
     return false;
 }
 
 bool letPage(ImageView& view, const PropertyValue& value) {
     int16_t page = std::get<int16_t>(value);
-    view.parts().session.currentPage = page;
+    view.session().letCurrentPage(page);
     view.session().LoadPage(page, false, false);
     return false;
 }
@@ -167,13 +167,13 @@ std::vector<PropertyRow> makeRunTimeRows() {
         readOnly<&V::PrintPageCount>("PrintPageCount"),
         readOnly<&V::PrintPageSelection>("PrintPageSelection"),
         {"DocID", nullptr, int32_t{0},
-         [](const ImageView& view) -> PropertyValue { return view.parts().session.currentDocument; },
+         [](const ImageView& view) -> PropertyValue { return view.session().state().currentDocument; },
          letDocID, nullptr},
         {"Page", nullptr, int16_t{0},
-         [](const ImageView& view) -> PropertyValue { return view.parts().session.currentPage; }, letPage,
+         [](const ImageView& view) -> PropertyValue { return view.session().state().currentPage; }, letPage,
          nullptr},
         {"PageCount", nullptr, int16_t{0},
-         [](const ImageView& view) -> PropertyValue { return view.parts().session.pageCount; }, nullptr,
+         [](const ImageView& view) -> PropertyValue { return view.session().state().pageCount; }, nullptr,
          nullptr},
         {"PrintCancelJob", nullptr, false, getMember<&V::PrintCancelJob>, letPrintCancelJob, nullptr},
     };

@@ -62,18 +62,14 @@ private:
 
 } // namespace
 
-Responses::Responses(ControlParts& parts, Session& session, Transfers& transfers, LetProperty letProperty)
-    : parts_(parts), session_(session), transfers_(transfers), letProperty_(std::move(letProperty)) {
-    connectPackager();
-}
-
-void Responses::connectPackager() {
-    parts_.packager2.InitialContact.connect([this](bool flag) { parts_.session.contacted = flag; });
-    parts_.packager2.PageCount.connect([this](int16_t count) { parts_.session.pageCount = count; });
-    parts_.packager2.PropertyChanged.connect([this](const std::string& name, const std::string& value) {
+Responses::Responses(ControlParts& parts, cClientHandlers& packager2, Session& session, Transfers& transfers,
+                     LetProperty letProperty)
+    : parts_(parts), packager2_(packager2), session_(session), transfers_(transfers),
+      letProperty_(std::move(letProperty)) {
+    packager2_.PropertyChanged.connect([this](const std::string& name, const std::string& value) {
         Packager2_PropertyChanged(name, value);
     });
-    parts_.packager2.ServerErrorReport.connect(
+    packager2_.ServerErrorReport.connect(
         [this](int32_t number, const std::string& text1, const std::string& text2) {
             Packager2_ServerErrorReport(number, text1, text2);
         });
@@ -98,7 +94,7 @@ void Responses::Packager2_ServerErrorReport(int32_t number, const std::string& t
 }
 
 void Responses::ProcessServerResponse(const AsyncProperty& record) {
-    const Tag tag = split(record.PropertyName, parts_.properties.Delimiter);
+    const TransferTag tag(record.PropertyName, parts_.properties.Delimiter);
     bool current = false;
     parts_.procedure("ProcessServerResponse").step([&] { current = isForCurrentDocument(tag); }).step([&] {
         if (current)
@@ -108,13 +104,13 @@ void Responses::ProcessServerResponse(const AsyncProperty& record) {
     });
 }
 
-bool Responses::isForCurrentDocument(const Tag& tag) {
-    if (tag.size() < 2)
+bool Responses::isForCurrentDocument(const TransferTag& tag) {
+    if (!tag.hasDocument())
         return true;
-    const int32_t current = parts_.session.currentDocument;
-    if (toLong(tag[1]) != current) {
+    const int32_t current = session_.state().currentDocument;
+    if (tag.document() != current) {
         parts_.log.LogEvent("DATA DISCARDED. Current DocID is " + std::to_string(current) +
-                                " and returned data was for DocID " + tag[1],
+                                " and returned data was for DocID " + tag.documentText(),
                             log_level::Warning);
         return false;
     }
@@ -122,24 +118,26 @@ bool Responses::isForCurrentDocument(const Tag& tag) {
     return true;
 }
 
-void Responses::dispatch(const Tag& tag, const AsyncProperty& record) {
-    const std::string& kind = tag[0];
-    if (kind == "IC")
-        processInitialContact(record);
-    else if (kind == "PC")
-        processPageCount(record);
-    else if (kind == "GP")
-        processPage(tag, record);
-    else if (kind != "PP")
-        parts_.ports.messageBox->ask("UNHANDLED REQUEST TYPE: " + record.PropertyName, Buttons::Ok,
-                                     Icon::None, {});
+void Responses::dispatch(const TransferTag& tag, const AsyncProperty& record) {
+    switch (tag.kind()) {
+    case TransferTag::Kind::InitialContact:
+        return processInitialContact(record);
+    case TransferTag::Kind::PageCount:
+        return processPageCount(record);
+    case TransferTag::Kind::Page:
+        return processPage(tag, record);
+    case TransferTag::Kind::Ignored:
+        return;
+    case TransferTag::Kind::Unknown:
+        parts_.ports.messageBox->ask("UNHANDLED REQUEST TYPE: " + tag.name(), Buttons::Ok, Icon::None, {});
+    }
 }
 
 /// The number of the error that the answer caused, 0 for none.
 int32_t Responses::processText(const std::string& text) {
     std::vector<std::string> fields;
-    return parts_.packager2.ProcessResponse(parts_.properties.Delimiter, parts_.properties.PublicKey, text,
-                                            {}, fields);
+    return packager2_.ProcessResponse(parts_.properties.Delimiter, parts_.properties.PublicKey, text, {},
+                                      fields);
 }
 
 void Responses::processInitialContact(const AsyncProperty& record) {
@@ -163,7 +161,7 @@ void Responses::processPageCount(const AsyncProperty& record) {
     session_.Clear();
 }
 
-void Responses::processPage(const Tag& tag, const AsyncProperty& record) {
+void Responses::processPage(const TransferTag& tag, const AsyncProperty& record) {
     TemporaryFile file(record.File);
     parts_.logLine("Processing GP Resp: " + record.File.string());
     const float kilobytes = cUtilities::GetFileSize(record.File);
@@ -177,7 +175,7 @@ void Responses::processPage(const Tag& tag, const AsyncProperty& record) {
     }
 }
 
-void Responses::processSmallAnswer(const Tag& tag, const AsyncProperty& record) {
+void Responses::processSmallAnswer(const TransferTag& tag, const AsyncProperty& record) {
     const std::string text = textOf(readFile(record.File));
     if (containsIgnoringCase(text, "err"))
         failPage(tag, text);
@@ -185,32 +183,20 @@ void Responses::processSmallAnswer(const Tag& tag, const AsyncProperty& record) 
         transfers_.CancelDownloads();
 }
 
-/// A page that only a thumbnail was wanted of costs no more than the thumbnail.
-bool Responses::failThumbnail(const Tag& tag, const std::string& message) {
-    const int16_t page = tag.size() < 3 ? int16_t{0} : toInteger(tag[2]);
-    if (!parts_.fThumbNails || !parts_.session.pages.isForThumbnail(page))
-        return false;
-    parts_.logLine(Indent + "Thumbnail of page " + std::to_string(page) + ": " + message);
-    parts_.fThumbNails->failThumbnail(page, message);
-    return true;
-}
-
-void Responses::failPage(const Tag& tag, const std::string& message) {
-    if (failThumbnail(tag, message))
+void Responses::failPage(const TransferTag& tag, const std::string& message) {
+    if (session_.failThumbnail(tag.hasPage() ? tag.page() : int16_t{0}, message))
         return;
-    const int32_t document = parts_.session.currentDocument;
+    const int32_t document = session_.state().currentDocument;
     parts_.ports.messageBox->ask(message, Buttons::Ok, Icon::None, {});
     // Another document may have come while the message stood.
-    if (parts_.ended() || parts_.session.currentDocument != document)
+    if (parts_.ended() || session_.state().currentDocument != document)
         return;
     transfers_.CancelDownloads();
     session_.Clear();
 }
 
-void Responses::keepPage(const Tag& tag, const AsyncProperty& record) {
-    if (tag.size() < 3)
-        throw subscriptError();
-    const int16_t page = toInteger(tag[2]);
+void Responses::keepPage(const TransferTag& tag, const AsyncProperty& record) {
+    const int16_t page = tag.page();
     session_.keepPageFile(page, record.File);
     if (session_.isPageWanted(page))
         session_.DisplayPage(page);

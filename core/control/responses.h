@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace pixmo {
 
@@ -18,29 +17,27 @@ public:
     /// `letProperty` stores a text as the value of a property, with the checks that the host's values get;
     /// it throws when the value is refused.
     using LetProperty = std::function<void(const std::string& name, const std::string& value)>;
-    Responses(ControlParts& parts, Session& session, Transfers& transfers, LetProperty letProperty);
+    Responses(ControlParts& parts, cClientHandlers& packager2, Session& session, Transfers& transfers,
+              LetProperty letProperty);
 
     void ProcessServerResponse(const AsyncProperty& record);
 
 private:
-    using Tag = std::vector<std::string>;
-
-    void connectPackager();
     void Packager2_PropertyChanged(const std::string& name, const std::string& value);
     void Packager2_ServerErrorReport(int32_t number, const std::string& text1, const std::string& text2);
 
-    bool isForCurrentDocument(const Tag& tag);
-    void dispatch(const Tag& tag, const AsyncProperty& record);
+    bool isForCurrentDocument(const TransferTag& tag);
+    void dispatch(const TransferTag& tag, const AsyncProperty& record);
     int32_t processText(const std::string& text);
     void processInitialContact(const AsyncProperty& record);
     void processPageCount(const AsyncProperty& record);
-    void processPage(const Tag& tag, const AsyncProperty& record);
-    void processSmallAnswer(const Tag& tag, const AsyncProperty& record);
-    bool failThumbnail(const Tag& tag, const std::string& message);
-    void failPage(const Tag& tag, const std::string& message);
-    void keepPage(const Tag& tag, const AsyncProperty& record);
+    void processPage(const TransferTag& tag, const AsyncProperty& record);
+    void processSmallAnswer(const TransferTag& tag, const AsyncProperty& record);
+    void failPage(const TransferTag& tag, const std::string& message);
+    void keepPage(const TransferTag& tag, const AsyncProperty& record);
 
     ControlParts& parts_;
+    cClientHandlers& packager2_;
     Session& session_;
     Transfers& transfers_;
     LetProperty letProperty_;

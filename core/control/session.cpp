@@ -45,8 +45,22 @@ void raiseUnlessDone(int32_t status, const cErrObject& errors) {
 
 } // namespace
 
-Session::Session(ControlParts& parts, std::function<void(const std::string&)> letEngineAddress)
-    : parts_(parts), letEngineAddress_(std::move(letEngineAddress)) {}
+Session::Session(ControlParts& parts, cClientHandlers& packager2, Transfers& transfers,
+                 std::function<void(const std::string&)> letEngineAddress)
+    : parts_(parts), packager2_(packager2), transfers_(transfers),
+      letEngineAddress_(std::move(letEngineAddress)) {
+    packager2_.InitialContact.connect([this](bool flag) { state_.contacted = flag; });
+    packager2_.PageCount.connect([this](int16_t count) { state_.pageCount = count; });
+}
+
+bool Session::isPageDisplayed() const {
+    return state_.shownPage != 0 && state_.shownPage == state_.currentPage && parts_.lvrImage.hasPicture();
+}
+
+cClientHandlers::Sender Session::sender() const {
+    const PropertyValues& properties = parts_.properties;
+    return {properties.Delimiter, properties.PublicKey, properties.UserLogin, properties.MachineName};
+}
 
 void Session::LoadDocumentByDocID(int32_t docID, int16_t pageNum, const std::string& address) {
     const uint32_t load = ++loads_;
@@ -68,7 +82,7 @@ void Session::LoadDocumentByDocID(int32_t docID, int16_t pageNum, const std::str
             return docID == 0 || !parts_.ports.container->userMode() ? Flow::Leave : Flow::GoOn;
         })
         .step([&] {
-            state().currentDocument = docID;
+            state_.currentDocument = docID;
             parts_.updateUI();
         })
         .step([&] { return contactUnlessMade(); })
@@ -77,21 +91,21 @@ void Session::LoadDocumentByDocID(int32_t docID, int16_t pageNum, const std::str
         .step(unlessStale)
         .step([&] {
             // A page chosen while the contact was awaited comes before the one that was asked for.
-            int16_t page = state().currentPage > 0 ? state().currentPage : firstPageOf(pageNum);
+            int16_t page = state_.currentPage > 0 ? state_.currentPage : firstPageOf(pageNum);
             LoadPage(page, false, false);
         });
 }
 
 /// Procedures that waited go on only with the load that they belong to.
 Flow Session::unlessReplaced(uint32_t load, int32_t docID) const {
-    return load == loads_ && state().currentDocument == docID ? Flow::GoOn : Flow::Leave;
+    return load == loads_ && state_.currentDocument == docID ? Flow::GoOn : Flow::Leave;
 }
 
 Flow Session::contactUnlessMade() {
-    if (state().contacted)
+    if (state_.contacted)
         return Flow::GoOn;
     // The load that awaits the contact goes on by itself; waiting inside its wait would only delay it.
-    if (transfers_->isPending("IC"))
+    if (transfers_.isContacting())
         return Flow::Leave;
     if (DoInitialContact())
         return Flow::GoOn;
@@ -102,23 +116,24 @@ Flow Session::contactUnlessMade() {
 bool Session::DoInitialContact() {
     const uint32_t load = loads_;
     parts_.procedure("DoInitialContact").step([&] { return contactServer(load); });
-    return !parts_.ended() && state().contacted;
+    return !parts_.ended() && state_.contacted;
 }
 
 bool Session::isContactOver(uint32_t load) const {
-    return parts_.ended() || loads_ != load || state().contacted || !transfers_->isPending("IC");
+    return parts_.ended() || loads_ != load || state_.contacted || !transfers_.isContacting();
 }
 
 void Session::requestContact() {
     std::string request;
     std::string tag;
-    raiseUnlessDone(parts_.packager2.BuildReqIC(
-                        parts_.sender(), product::Title, std::to_string(product::Major),
-                        std::to_string(product::Minor), std::to_string(product::Revision), request, tag),
+    raiseUnlessDone(packager2_.BuildReqIC(sender(), product::Title, std::to_string(product::Major),
+                                          std::to_string(product::Minor), std::to_string(product::Revision),
+                                          request, tag),
                     parts_.errors);
     const RequestAddress address = requestAddress(parts_.properties.EngineAddress, request);
     parts_.logLine("Initial Contact Request: " + address.readable);
-    transfers_->start(address.target, tag, AsyncType::ByteArray, Transfers::TagIsAdded::BeforeStart);
+    transfers_.start(address.target, TransferTag::initialContact(), AsyncType::ByteArray,
+                     Transfers::TagIsAdded::BeforeStart);
 }
 
 Flow Session::contactServer(uint32_t load) {
@@ -126,7 +141,7 @@ Flow Session::contactServer(uint32_t load) {
     parts_.ports.eventLoop->pumpUntil([this, load] { return isContactOver(load); });
     if (parts_.ended() || loads_ != load)
         return Flow::Leave;
-    if (!state().contacted) {
+    if (!state_.contacted) {
         parts_.logLine(Indent + "InitialContact: Cancelled");
         throw Error(error_number::InvalidArgument, "Initial Contact failed or was cancelled.");
     }
@@ -146,12 +161,13 @@ void Session::GetPageCount(int32_t docID) {
 void Session::requestPageCount(int32_t docID) {
     std::string request;
     std::string tag;
-    raiseUnlessDone(parts_.packager2.BuildReqPC(parts_.sender(), docID, request, tag), parts_.errors);
+    raiseUnlessDone(packager2_.BuildReqPC(sender(), docID, request, tag), parts_.errors);
     parts_.logLine(std::string(42, '*'));
     parts_.logLine("PageCount Requested for DocID " + std::to_string(docID) + ": ");
     parts_.logLine(Indent + request);
-    transfers_->start(requestAddress(parts_.properties.EngineAddress, request).target, tag,
-                      AsyncType::ByteArray, Transfers::TagIsAdded::AfterStart);
+    transfers_.start(requestAddress(parts_.properties.EngineAddress, request).target,
+                     TransferTag(tag, parts_.properties.Delimiter), AsyncType::ByteArray,
+                     Transfers::TagIsAdded::AfterStart);
 }
 
 void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
@@ -159,26 +175,26 @@ void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
         .step([&] {
             if (page < 1)
                 page = 1;
-            if (state().pageCount > 0 && page > state().pageCount)
-                page = state().pageCount;
-            state().pages.setForThumbnail(page, forThumbnail);
+            if (state_.pageCount > 0 && page > state_.pageCount)
+                page = state_.pageCount;
+            state_.pages.setForThumbnail(page, forThumbnail);
         })
         .step([&] {
             if (forThumbnail)
                 return;
             tmrDelay_->stop();
-            state().printPages.erase(page);
-            state().currentPage = page;
+            state_.printPages.erase(page);
+            state_.currentPage = page;
             parts_.updateUI();
         })
         .step([&] {
             if (IsPageCached(page)) {
-                parts_.logLine("  ->Page was cached @ " + state().pages.file(page).string());
+                parts_.logLine("  ->Page was cached @ " + state_.pages.file(page).string());
                 DisplayPage(page);
             } else if (delayed) {
                 FetchWithDelay(page);
             } else {
-                FetchPageFromServer(state().currentDocument, page);
+                FetchPageFromServer(state_.currentDocument, page);
             }
         });
 }
@@ -194,69 +210,76 @@ void Session::FetchWithDelay(int16_t page) {
 
 void Session::tmrDelay_Timer() {
     parts_.procedure("tmrDelay_Timer").step([this] { tmrDelay_->stop(); }).step([this] {
-        FetchPageFromServer(state().currentDocument, delayedPage_);
+        FetchPageFromServer(state_.currentDocument, delayedPage_);
     });
 }
 
 void Session::FetchPageFromServer(int32_t docID, int16_t page) {
     parts_.procedure("FetchPageFromServer", Buttons::AbortRetryIgnore)
-        .step([&] { state().pages.growFlags(page); })
+        .step([&] { state_.pages.growFlags(page); })
         .step([&] { checkDocID(docID, "Vellane.Pixmo.FetchPageFromServer"); })
         .step([&] { return contactUnlessMade(); })
-        .step([&] { return state().currentDocument == docID ? Flow::GoOn : Flow::Leave; })
+        .step([&] { return state_.currentDocument == docID ? Flow::GoOn : Flow::Leave; })
         .step([&] { requestPage(docID, page); });
 }
 
 void Session::requestPage(int32_t docID, int16_t page) {
     std::string request;
     std::string tag;
-    raiseUnlessDone(
-        parts_.packager2.BuildReqGP(parts_.sender(), docID, page, request, tag, parts_.properties.NoR != 0),
-        parts_.errors);
+    raiseUnlessDone(packager2_.BuildReqGP(sender(), docID, page, request, tag, parts_.properties.NoR != 0),
+                    parts_.errors);
     const RequestAddress address = requestAddress(parts_.properties.EngineAddress, request);
     parts_.logLine(std::string(39, '*'));
     parts_.logLine("Fetching Page from Server");
     parts_.logLine(Indent + "Name: " + tag);
     parts_.logLine(Indent + "Reqeust: " + address.readable);
-    if (!transfers_->isPending(tag))
-        transfers_->start(address.target, tag, AsyncType::File, Transfers::TagIsAdded::AfterStart);
+    const TransferTag pageTag(tag, parts_.properties.Delimiter);
+    if (!transfers_.isPending(pageTag))
+        transfers_.start(address.target, pageTag, AsyncType::File, Transfers::TagIsAdded::AfterStart);
 }
 
 void Session::FetchPageForPrinting(int16_t page) {
-    if (transfers_->isPending(pageTag(page)))
+    if (isPagePending(page))
         return;
-    state().printPages.insert(page);
-    FetchPageFromServer(state().currentDocument, page);
+    state_.printPages.insert(page);
+    FetchPageFromServer(state_.currentDocument, page);
 }
 
 bool Session::isPageWanted(int16_t page) const {
-    if (state().pages.isForThumbnail(page))
+    if (state_.pages.isForThumbnail(page))
         return true;
-    const bool alreadyShown = state().shownPage == page && state().printPages.contains(page);
-    return page == state().currentPage && !alreadyShown;
+    const bool alreadyShown = state_.shownPage == page && state_.printPages.contains(page);
+    return page == state_.currentPage && !alreadyShown;
 }
 
-std::string Session::pageTag(int16_t page) const {
-    const std::string& delimiter = parts_.properties.Delimiter;
-    return "GP" + delimiter + std::to_string(state().currentDocument) + delimiter + std::to_string(page);
+TransferTag Session::pageTag(int16_t page) const {
+    return TransferTag::page(state_.currentDocument, page, parts_.properties.Delimiter);
+}
+
+/// A page that only a thumbnail was wanted of costs no more than the thumbnail.
+bool Session::failThumbnail(int16_t page, const std::string& message) {
+    if (!fThumbNails_ || !state_.pages.isForThumbnail(page))
+        return false;
+    parts_.logLine(Indent + "Thumbnail of page " + std::to_string(page) + ": " + message);
+    fThumbNails_->failThumbnail(page, message);
+    return true;
 }
 
 void Session::keepPageFile(int16_t page, const std::filesystem::path& file) {
-    const std::filesystem::path former = state().pages.file(page);
+    const std::filesystem::path former = state_.pages.file(page);
     std::error_code ignored;
     if (!former.empty() && former != file)
         std::filesystem::remove(former, ignored);
-    state().pages.setFile(page, file);
+    state_.pages.setFile(page, file);
 }
 
 void Session::DisplayPage(int16_t page) {
     parts_.procedure("DisplayPage", Buttons::AbortRetryIgnore)
         .step([&] {
-            if (!state().pages.isForThumbnail(page))
+            if (!state_.pages.isForThumbnail(page))
                 return Flow::GoOn;
-            if (parts_.fThumbNails)
-                parts_.fThumbNails->PostImageToThumbnail(page, state().pages.file(page),
-                                                         parts_.properties.EncBytes);
+            if (fThumbNails_)
+                fThumbNails_->PostImageToThumbnail(page, state_.pages.file(page), parts_.properties.EncBytes);
             return Flow::Leave;
         })
         .step([&] { announcePage(page); })
@@ -267,34 +290,34 @@ void Session::DisplayPage(int16_t page) {
 void Session::announcePage(int16_t page) {
     if (page <= 0)
         return;
-    state().currentPage = page;
-    parts_.events.PageChanged.raise(state().currentDocument, state().currentPage);
+    state_.currentPage = page;
+    parts_.events.PageChanged.raise(state_.currentDocument, state_.currentPage);
 }
 
 // The host may have cleared the session or gone elsewhere while it was told of the page.
 void Session::showCurrentPage() {
-    const int16_t page = state().currentPage;
+    const int16_t page = state_.currentPage;
     if (!IsPageCached(page))
         return;
     keepPlace();
-    state().shownPage = 0;
+    state_.shownPage = 0;
     const int32_t status =
-        parts_.leadImageHelp.imgDisplayEncryptedPage(state().pages.file(page), parts_.properties.EncBytes);
+        parts_.leadImageHelp.imgDisplayEncryptedPage(state_.pages.file(page), parts_.properties.EncBytes);
     raiseUnlessDone(status, parts_.errors);
-    state().shownPage = page;
-    const auto place = state().places.find(page);
-    if (place != state().places.end())
+    state_.shownPage = page;
+    const auto place = state_.places.find(page);
+    if (place != state_.places.end())
         parts_.lvrImage.goTo(place->second);
 }
 
 /// A turned page is seen unturned the next time: only its zoom is kept.
 void Session::keepPlace() {
-    if (state().shownPage == 0 || !parts_.lvrImage.hasPicture())
+    if (state_.shownPage == 0 || !parts_.lvrImage.hasPicture())
         return;
     ViewPlace place = parts_.lvrImage.place();
     if (parts_.lvrImage.isTurned())
         place.middle = ViewPlace().middle;
-    state().places[state().shownPage] = place;
+    state_.places[state_.shownPage] = place;
 }
 
 void Session::Clear() {
@@ -303,41 +326,39 @@ void Session::Clear() {
         .step([this] {
             parts_.events.PageChanged.raise(0, 0);
             // A document that the host loads when it hears of this has cleared everything itself.
-            return state().currentDocument == 0 ? Flow::GoOn : Flow::Leave;
+            return state_.currentDocument == 0 ? Flow::GoOn : Flow::Leave;
         })
         .step([this] { parts_.leadImageHelp.imgClear(); })
         .step([this] {
-            if (parts_.fThumbNails)
-                parts_.fThumbNails->reset();
+            if (fThumbNails_)
+                fThumbNails_->reset();
         })
-        .step([this] { state().pending = Collection(); })
+        .step([this] { transfers_.forgetPending(); })
         .step([this] { clearCache(); })
         .step([this] { parts_.updateUI(); });
 }
 
 void Session::emptySession() {
     tmrDelay_->stop();
-    state().currentDocument = 0;
-    state().pageCount = 0;
-    state().currentPage = 0;
-    state().shownPage = 0;
-    state().places.clear();
-    state().printPages.clear();
-    if (!parts_.printing.running)
-        parts_.printing = {};
-    state().transferProblem.clear();
-    parts_.progress = {};
+    state_.currentDocument = 0;
+    state_.pageCount = 0;
+    state_.currentPage = 0;
+    state_.shownPage = 0;
+    state_.places.clear();
+    state_.printPages.clear();
+    transfers_.forgetOutcome();
+    Emptied.raise();
 }
 
 void Session::clearCache() {
     parts_.procedure("Clear", Buttons::AbortRetryIgnore)
         .step([this] { parts_.logLine("Clearing temp files."); })
         .step([this] { removePageFiles(); })
-        .step([this] { state().pages.clear(); });
+        .step([this] { state_.pages.clear(); });
 }
 
 void Session::removePageFiles() {
-    PageCache& pages = state().pages;
+    PageCache& pages = state_.pages;
     if (!pages.hasFiles())
         parts_.logLine("   -->no cache files to remove!");
     for (int32_t page = 1; page <= pages.highestPage(); ++page) {
@@ -353,7 +374,7 @@ void Session::removePageFiles() {
 
 void Session::requestBookmark() {
     parts_.procedure("requestBookmark").step([this] {
-        parts_.events.BookmarkRequested.raise(state().currentDocument, state().currentPage);
+        parts_.events.BookmarkRequested.raise(state_.currentDocument, state_.currentPage);
     });
 }
 

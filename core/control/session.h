@@ -1,7 +1,10 @@
 #pragma once
 
 #include "core/control/controlparts.h"
+#include "core/control/sessionstate.h"
 #include "core/control/transfers.h"
+#include "core/protocol/cclienthandlers.h"
+#include "core/thumbs/thumbnailwindow.h"
 
 #include <cstdint>
 #include <functional>
@@ -15,10 +18,16 @@ namespace pixmo {
 class Session {
 public:
     /// `letEngineAddress` stores an address as the property of the control.
-    Session(ControlParts& parts, std::function<void(const std::string&)> letEngineAddress);
+    Session(ControlParts& parts, cClientHandlers& packager2, Transfers& transfers,
+            std::function<void(const std::string&)> letEngineAddress);
 
-    /// Transfers and session know each other; this closes the ring. Both live as long as the control.
-    void setTransfers(Transfers& transfers) { transfers_ = &transfers; }
+    const SessionState& state() const { return state_; }
+    /// The view shows the picture of the current page.
+    bool isPageDisplayed() const;
+    /// The page of the current document is being fetched.
+    bool isPagePending(int16_t page) const { return transfers_.isPending(pageTag(page)); }
+    /// Where the pages go that only a thumbnail is wanted of; nullptr: to nobody.
+    void setThumbnailWindow(ThumbnailWindow* window) { fThumbNails_ = window; }
     /// The timer of the delayed fetch, whose interval is the property FetchDelay.
     void setDelayTimer(std::unique_ptr<Timer> timer) { tmrDelay_ = std::move(timer); }
     Timer& tmrDelay() const { return *tmrDelay_; }
@@ -34,7 +43,7 @@ public:
     void FetchPageFromServer(int32_t docID, int16_t page);
     /// Into the cache only: neither the view nor the thumbnails hear of it unless they await the page.
     void FetchPageForPrinting(int16_t page);
-    void forgetPrintPages() { parts_.session.printPages.clear(); }
+    void forgetPrintPages() { state_.printPages.clear(); }
     /// A page file has come: whether view or thumbnails wait for it.
     bool isPageWanted(int16_t page) const;
     void DisplayPage(int16_t page);
@@ -42,14 +51,22 @@ public:
     void clearCache();
     void requestBookmark();
 
-    /// The tag of the transfer that fetches the page of the current document.
-    std::string pageTag(int16_t page) const;
-    bool IsPageCached(int16_t page) const { return parts_.session.pages.IsPageCached(page); }
+    bool IsPageCached(int16_t page) const { return state_.pages.IsPageCached(page); }
+    /// The host's wish alone: nothing is fetched.
+    void letCurrentPage(int16_t page) { state_.currentPage = page; }
+    /// The page's answer belongs to the view.
+    void takeFromThumbnails(int16_t page) { state_.pages.setForThumbnail(page, false); }
+    /// The server refuses the page; false where more than a thumbnail was wanted of it.
+    bool failThumbnail(int16_t page, const std::string& message);
     /// Takes a downloaded page file into the cache.
     void keepPageFile(int16_t page, const std::filesystem::path& file);
 
+    /// All of the document is forgotten but its files.
+    Event<> Emptied;
+
 private:
-    SessionState& state() const { return parts_.session; }
+    TransferTag pageTag(int16_t page) const;
+    cClientHandlers::Sender sender() const;
     void FetchWithDelay(int16_t page);
     void requestContact();
     Flow contactServer(uint32_t load);
@@ -65,8 +82,11 @@ private:
     void emptySession();
 
     ControlParts& parts_;
+    cClientHandlers& packager2_;
+    Transfers& transfers_;
     std::function<void(const std::string&)> letEngineAddress_;
-    Transfers* transfers_ = nullptr;
+    SessionState state_;
+    ThumbnailWindow* fThumbNails_ = nullptr;
     std::unique_ptr<Timer> tmrDelay_;
     int16_t delayedPage_ = 0;
     uint32_t loads_ = 0; ///< loads begun so far: tells a load that waited that a newer one replaced it

@@ -3,7 +3,7 @@
 namespace pixmo {
 
 Thumbnails::~Thumbnails() {
-    parts_.fThumbNails = nullptr;
+    session_.setThumbnailWindow(nullptr);
 }
 
 void Thumbnails::ShowThumbNails() {
@@ -25,7 +25,7 @@ void Thumbnails::open() {
         const auto control = holdControl_();
         PrintSelection.raise(pages);
     });
-    parts_.fThumbNails = fThumbNails_.get();
+    session_.setThumbnailWindow(fThumbNails_.get());
 }
 
 void Thumbnails::close() {
@@ -33,7 +33,7 @@ void Thumbnails::close() {
         return;
     fThumbNails_->SaveSettings();
     parts_.ports.thumbnailHost->close();
-    parts_.fThumbNails = nullptr;
+    session_.setThumbnailWindow(nullptr);
     fThumbNails_.reset();
 }
 
@@ -43,11 +43,7 @@ void Thumbnails::follow() {
 }
 
 bool Thumbnails::isReaderWaiting() const {
-    return session_.tmrDelay().isRunning() || isPagePending(parts_.session.currentPage);
-}
-
-bool Thumbnails::isPagePending(int16_t page) const {
-    return parts_.session.pending.contains(session_.pageTag(page));
+    return session_.tmrDelay().isRunning() || isPagePending(session_.state().currentPage);
 }
 
 int32_t Thumbnails::loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
@@ -77,10 +73,10 @@ void Thumbnails::fThumbNails_LoadThumbImage(int16_t page) {
         if (isPagePending(page))
             return;
         int16_t number = page;
-        const bool lacking = page == parts_.session.currentPage && !parts_.isPageDisplayed();
+        const bool lacking = page == session_.state().currentPage && !session_.isPageDisplayed();
         session_.LoadPage(number, false, !lacking || isPageCached(page));
         if (isPageCached(page))
-            parts_.session.pages.setForThumbnail(page, false);
+            session_.takeFromThumbnails(page);
     });
 }
 

@@ -23,17 +23,17 @@ std::filesystem::path Transfers::nextPageFile() {
     return parts_.ports.scratch->path() / ("page" + std::to_string(++pageFiles_) + ".dat");
 }
 
-void Transfers::start(const std::string& target, const std::string& tag, AsyncType type, TagIsAdded order) {
-    auto& pending = parts_.session.pending;
+void Transfers::start(const std::string& target, const TransferTag& tag, AsyncType type, TagIsAdded order) {
+    const std::string& name = tag.name();
     parts_.showPointer(Pointer::ArrowHourglass);
     const auto addTag = [&] {
-        if (!pending.contains(tag))
-            pending.Add(tag, tag);
+        if (!pending_.contains(name))
+            pending_.Add(name, name);
     };
     AsyncRequest request;
     request.Target = target;
     request.Type = type;
-    request.PropertyName = tag;
+    request.PropertyName = name;
     if (type == AsyncType::File)
         request.File = nextPageFile();
     if (order == TagIsAdded::BeforeStart)
@@ -41,32 +41,37 @@ void Transfers::start(const std::string& target, const std::string& tag, AsyncTy
     try {
         parts_.ports.reader->AsyncRead(request);
     } catch (...) {
-        if (pending.contains(tag))
-            pending.Remove(tag);
+        if (pending_.contains(name))
+            pending_.Remove(name);
         throw;
     }
     addTag();
-    parts_.session.transferProblem.clear();
+    problem_.clear();
     parts_.updateUI();
 }
 
 void Transfers::CancelDownloads() {
     parts_.procedure("CancelDownloads", Buttons::AbortRetryIgnore)
         .step([this] {
-            for (const std::string& tag : parts_.session.pending.keys()) {
-                parts_.ports.reader->CancelAsyncRead(tag);
-                parts_.session.pending.Remove(tag);
-                parts_.logLine("**>>>CancelDownloads CANCELLED REQUEST: " + tag + "<<<**");
+            for (const std::string& name : pending_.keys()) {
+                parts_.ports.reader->CancelAsyncRead(name);
+                pending_.Remove(name);
+                parts_.logLine("**>>>CancelDownloads CANCELLED REQUEST: " + name + "<<<**");
             }
-            parts_.progress = {};
+            progress_ = {};
         })
         .step([this] { parts_.updateUI(); });
+}
+
+void Transfers::forgetOutcome() {
+    problem_.clear();
+    progress_ = {};
 }
 
 void Transfers::AsyncReadProgress(const AsyncProperty& record) {
     if (parts_.ended())
         return;
-    parts_.progress = {record.PropertyName, record.BytesRead, record.BytesMax};
+    progress_ = {record.PropertyName, record.BytesRead, record.BytesMax};
     parts_.updateUI();
 }
 
@@ -77,10 +82,10 @@ void Transfers::AsyncReadComplete(const AsyncProperty& record) {
         .step([&] {
             parts_.logLine("Pixmo::AsyncReadComplete reports " + record.PropertyName + ", " +
                            std::to_string(record.StatusCode) + ", " + record.Status);
-            if (cUtilities::ElementExists(parts_.session.pending, record.PropertyName))
-                parts_.session.pending.Remove(record.PropertyName);
-            if (parts_.progress.tag == record.PropertyName)
-                parts_.progress = {};
+            if (cUtilities::ElementExists(pending_, record.PropertyName))
+                pending_.Remove(record.PropertyName);
+            if (progress_.name == record.PropertyName)
+                progress_ = {};
             parts_.logLine("Pixmo::AsyncReadComplete processing status code " + status);
         })
         .step([&] { handleStatus(record); })
@@ -90,9 +95,9 @@ void Transfers::AsyncReadComplete(const AsyncProperty& record) {
 
 void Transfers::handleStatus(const AsyncProperty& record) {
     if (record.StatusCode == static_cast<int32_t>(AsyncStatus::Error)) {
-        parts_.session.transferProblem = record.Status;
+        problem_ = record.Status;
         logError(record);
-        if (parts_.inIDE)
+        if (inIDE)
             askToOpenErrorPage(record);
     } else if (record.StatusCode == static_cast<int32_t>(AsyncStatus::EndDownloadData)) {
         processServerResponse_(record);

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "core/base/virtualkeys.h"
-#include "core/control/controlparts.h"
+#include "core/control/session.h"
+#include "core/imaging/cleadimagefunctions.h"
+#include "core/imaging/rasterview.h"
+#include "core/platform/viewsurface.h"
 
 #include <cstdint>
 
@@ -11,7 +14,11 @@ namespace pixmo {
 /// device pixels of the view. While no page is displayed nothing happens.
 class ViewMouse {
 public:
-    explicit ViewMouse(ControlParts& parts) : parts_(parts) {}
+    /// `dragEnded` is called when the pointer is let go.
+    ViewMouse(RasterView& lvrImage, cLeadImageFunctions& leadImageHelp, const ViewSurface& surface,
+              const Session& session, std::function<void()> dragEnded)
+        : lvrImage_(lvrImage), leadImageHelp_(leadImageHelp), surface_(surface), session_(session),
+          dragEnded_(std::move(dragEnded)) {}
 
     void lvrImage_MouseDown(int32_t button, double x, double y);
     void lvrImage_MouseMove(double x, double y);
@@ -38,7 +45,11 @@ private:
     void endDrag();
     void drawBand(double x, double y);
 
-    ControlParts& parts_;
+    RasterView& lvrImage_;
+    cLeadImageFunctions& leadImageHelp_;
+    const ViewSurface& surface_;
+    const Session& session_;
+    std::function<void()> dragEnded_;
     Drag drag_ = Drag::None;
     double fromX_ = 0;
     double fromY_ = 0;

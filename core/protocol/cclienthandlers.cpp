@@ -3,6 +3,7 @@
 #include "core/base/text.h"
 #include "core/cipher/clsrc4.h"
 #include "core/cipher/pageprotection.h"
+#include "core/protocol/transfertag.h"
 
 #include <algorithm>
 #include <array>
@@ -68,7 +69,7 @@ int32_t cClientHandlers::BuildReqIC(const Sender& sender, const std::string& pro
                                       sender.Delimiter);
         request = join({"IC", clsRC4().EnHex(sender.PublicKey), encipher(body, sender.PublicKey)},
                        sender.Delimiter);
-        requestID = "IC";
+        requestID = TransferTag::initialContact().name();
     });
 }
 
@@ -80,7 +81,7 @@ int32_t cClientHandlers::BuildReqPC(const Sender& sender, int32_t docID, std::st
         const std::string document = std::to_string(docID);
         request = encipher(join({"PC", sender.UserLogin, sender.MachineName, document}, sender.Delimiter),
                            sender.PublicKey);
-        requestID = join({"PC", document}, sender.Delimiter);
+        requestID = TransferTag::pageCount(docID, sender.Delimiter).name();
     });
 }
 
@@ -95,7 +96,7 @@ int32_t cClientHandlers::BuildReqGP(const Sender& sender, int32_t docID, int16_t
         if (flag)
             body.emplace_back("1");
         request = encipher(join(body, sender.Delimiter), sender.PublicKey);
-        requestID = join({"GP", document, number}, sender.Delimiter);
+        requestID = TransferTag::page(docID, page, sender.Delimiter).name();
     });
 }
 

@@ -51,7 +51,7 @@ protected:
         EXPECT_EQ(control.scratch->fileCount(), 0U);
     }
     void expectNextLoadWorks() {
-        const bool contacted = control.view->parts().session.contacted;
+        const bool contacted = control.view->session().state().contacted;
         if (!contacted)
             control.answerContactWith("IC\u00B7OK");
         control.view->LoadDocumentByDocID(77, 1);
@@ -289,7 +289,7 @@ TEST_F(Session, OtherStatusCodesAndTagsAreOnlyReported) {
 }
 
 TEST_F(Session, DevelopersMayOpenTheErrorPage) {
-    control.view->parts().inIDE = true;
+    control.view->transfers().inIDE = true;
     control.messageBox->answers = {Answer::Yes};
     control.open(5, 1, 3);
     control.reader->fail(control.tag("GP", 5, 1), "no");
@@ -507,7 +507,7 @@ TEST_F(Session, PageFilesAreRemoved) {
     setPage(3);
     finishPage(5, 3);
     EXPECT_EQ(control.scratch->fileCount(), 3U);
-    const std::string file = control.view->parts().session.pages.file(3).string();
+    const std::string file = control.view->session().state().pages.file(3).string();
     control.view->clearCache();
     EXPECT_THAT(log.messages(), HasSubstr("[4]    -->removing temp file " + file + "\n"));
     EXPECT_EQ(control.scratch->fileCount(), 1U);
@@ -548,7 +548,7 @@ TEST_F(Session, ThumbnailPagesGoToTheirWindow) {
     } thumbs;
     control.open(5, 1, 3);
     finishPage(5, 1);
-    control.view->parts().fThumbNails = &thumbs;
+    control.view->session().setThumbnailWindow(&thumbs);
     int16_t page = 2;
     control.view->session().LoadPage(page, false, true);
     finishPage(5, 2);
@@ -562,7 +562,7 @@ TEST_F(Session, ThumbnailPagesGoToTheirWindow) {
     EXPECT_TRUE(control.view->isPageDisplayed());
     control.view->Clear();
     EXPECT_EQ(thumbs.resets, 1);
-    control.view->parts().fThumbNails = nullptr;
+    control.view->session().setThumbnailWindow(nullptr);
 }
 
 } // namespace
