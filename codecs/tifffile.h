@@ -1,9 +1,7 @@
 #pragma once
 
-#include "codecs/tiffmessages.h"
+#include "codecs/tiffmemory.h"
 #include "core/imaging/pagedecoder.h"
-
-#include <memory>
 
 namespace pixmo {
 
@@ -34,14 +32,10 @@ public:
     [[noreturn]] void fail(const std::string& what) const;
 
 private:
-    struct Close {
-        void operator()(TIFF* tiff) const { TIFFClose(tiff); }
-    };
-
     std::span<const uint8_t> bytes_;
     TiffMessages messages_;
     uint64_t position_ = 0;
-    std::unique_ptr<TIFF, Close> tiff_;
+    TiffHandle tiff_;
 
     friend struct TiffCallbacks;
 };

@@ -1,94 +1,18 @@
 #include "codecs/tiffwriter.h"
 
 #include "codecs/codecerror.h"
-#include "codecs/tiffmessages.h"
-
-#include <tiffio.h>
+#include "codecs/tiffmemory.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
-#include <limits>
-#include <memory>
 #include <new>
 
 namespace pixmo {
 
 namespace {
 
-/// The system calls of libtiff, answered by a growing block of memory.
-class MemoryFile {
-public:
-    static tmsize_t read(thandle_t handle, void* to, tmsize_t count) {
-        MemoryFile& file = of(handle);
-        if (count <= 0 || file.position_ >= file.bytes.size())
-            return 0;
-        const size_t length = std::min(file.bytes.size() - file.position_, static_cast<size_t>(count));
-        std::memcpy(to, file.bytes.data() + file.position_, length);
-        file.position_ += length;
-        return static_cast<tmsize_t>(length);
-    }
-
-    // No exception passes through libtiff, which is C.
-    static tmsize_t write(thandle_t handle, void* from, tmsize_t count) {
-        MemoryFile& file = of(handle);
-        const size_t end = file.position_ + static_cast<size_t>(std::max<tmsize_t>(count, 0));
-        try {
-            if (end > file.bytes.size())
-                file.bytes.resize(end);
-        } catch (const std::bad_alloc&) {
-            file.outOfMemory = true;
-            return -1;
-        }
-        std::memcpy(file.bytes.data() + file.position_, from, end - file.position_);
-        file.position_ = end;
-        return count;
-    }
-
-    static toff_t seek(thandle_t handle, toff_t offset, int origin) {
-        MemoryFile& file = of(handle);
-        const size_t from = origin == SEEK_CUR ? file.position_ : origin == SEEK_END ? file.bytes.size() : 0;
-        file.position_ = from + static_cast<size_t>(offset);
-        return file.position_;
-    }
-
-    static int close(thandle_t) { return 0; }
-    static toff_t size(thandle_t handle) { return of(handle).bytes.size(); }
-
-    std::vector<uint8_t> bytes;
-    bool outOfMemory = false;
-
-private:
-    static MemoryFile& of(thandle_t handle) { return *static_cast<MemoryFile*>(handle); }
-
-    size_t position_ = 0;
-};
-
-struct FreeOptions {
-    void operator()(TIFFOpenOptions* options) const { TIFFOpenOptionsFree(options); }
-};
-
-struct CloseTiff {
-    void operator()(TIFF* tiff) const { TIFFClose(tiff); }
-};
-
-using Tiff = std::unique_ptr<TIFF, CloseTiff>;
-
 constexpr uint32_t BytesPerStrip = 64 * 1024;
-
-Tiff openForWriting(MemoryFile& file, TiffMessages& messages) {
-    const std::unique_ptr<TIFFOpenOptions, FreeOptions> options(TIFFOpenOptionsAlloc());
-    if (!options)
-        throw std::bad_alloc();
-    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), TiffMessages::onError, &messages);
-    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), TiffMessages::onWarning, &messages);
-    Tiff tiff(TIFFClientOpenExt("page", "w", &file, MemoryFile::read, MemoryFile::write, MemoryFile::seek,
-                                MemoryFile::close, MemoryFile::size, nullptr, nullptr, options.get()));
-    if (!tiff)
-        throw pictureError("The page cannot be written as TIFF.");
-    return tiff;
-}
 
 uint16_t photometricOf(const Raster& page) {
     if (page.format == PixelFormat::Rgb)
@@ -153,11 +77,13 @@ bool writeRows(TIFF* tiff, const Raster& page) {
 std::vector<uint8_t> encodeTiff(const Raster& page) {
     if (page.empty())
         throw pictureError("There is no page to write.");
-    MemoryFile file;
+    TiffMemory file;
     TiffMessages messages;
     bool done = false;
     {
-        const Tiff tiff = openForWriting(file, messages);
+        const TiffHandle tiff = file.open("w", messages);
+        if (!tiff)
+            throw pictureError("The page cannot be written as TIFF.");
         setFields(tiff.get(), page);
         done = writeRows(tiff.get(), page);
     }

@@ -1,5 +1,7 @@
 #include "apps/engine/tiffframes.h"
 
+#include "codecs/tiffmemory.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -10,11 +12,6 @@
 namespace pixmo {
 
 namespace {
-
-struct TiffCloser {
-    void operator()(TIFF* tiff) const { TIFFClose(tiff); }
-};
-using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
 
 /// Damaged files are no news here: whoever asked hears of it by the result.
 int stayQuiet(TIFF*, void*, const char*, const char*, va_list) {
@@ -34,50 +31,6 @@ std::unique_ptr<TIFFOpenOptions, OptionsFreer> quietOptions() {
 
 TiffHandle openTiff(const std::filesystem::path& file) {
     return TiffHandle(TIFFOpenExt(file.c_str(), "rm", quietOptions().get()));
-}
-
-/// A file in memory, as libtiff writes it.
-struct MemoryFile {
-    std::vector<uint8_t> bytes;
-    size_t position = 0;
-
-    static MemoryFile& of(thandle_t handle) { return *static_cast<MemoryFile*>(handle); }
-
-    static tmsize_t read(thandle_t handle, void* target, tmsize_t wanted) {
-        MemoryFile& file = of(handle);
-        const size_t left = file.bytes.size() - std::min(file.position, file.bytes.size());
-        const size_t count = std::min(left, static_cast<size_t>(wanted));
-        if (count > 0)
-            std::memcpy(target, file.bytes.data() + file.position, count);
-        file.position += count;
-        return static_cast<tmsize_t>(count);
-    }
-
-    static tmsize_t write(thandle_t handle, void* source, tmsize_t given) {
-        MemoryFile& file = of(handle);
-        const auto count = static_cast<size_t>(given);
-        file.bytes.resize(std::max(file.bytes.size(), file.position + count));
-        if (count > 0)
-            std::memcpy(file.bytes.data() + file.position, source, count);
-        file.position += count;
-        return given;
-    }
-
-    static toff_t seek(thandle_t handle, toff_t offset, int whence) {
-        MemoryFile& file = of(handle);
-        const size_t base = whence == SEEK_CUR ? file.position : whence == SEEK_END ? file.bytes.size() : 0;
-        file.position = base + static_cast<size_t>(offset);
-        return file.position;
-    }
-
-    static toff_t size(thandle_t handle) { return of(handle).bytes.size(); }
-    static int close(thandle_t) { return 0; }
-};
-
-TiffHandle createTiff(MemoryFile& file, const char* mode) {
-    return TiffHandle(TIFFClientOpenExt("frame", mode, &file, MemoryFile::read, MemoryFile::write,
-                                        MemoryFile::seek, MemoryFile::close, MemoryFile::size, nullptr,
-                                        nullptr, quietOptions().get()));
 }
 
 constexpr std::array<uint32_t, 18> ShortTags = {
@@ -184,9 +137,10 @@ std::optional<std::vector<uint8_t>> extractTiffFrame(const std::filesystem::path
     TIFFGetFieldDefaulted(from.get(), TIFFTAG_COMPRESSION, &compression);
     if (compression == COMPRESSION_OJPEG)
         return std::nullopt;
-    MemoryFile frame;
+    TiffMemory frame;
+    TiffMessages unheard;
     // The stored data may be in the byte order of its file.
-    TiffHandle to = createTiff(frame, TIFFIsBigEndian(from.get()) != 0 ? "wb" : "wl");
+    TiffHandle to = frame.open(TIFFIsBigEndian(from.get()) != 0 ? "wb" : "wl", unheard);
     if (!to)
         return std::nullopt;
     copyAllTags(from.get(), to.get(), compression);
@@ -195,6 +149,8 @@ std::optional<std::vector<uint8_t>> extractTiffFrame(const std::filesystem::path
     if (problem || !copyData(from.get(), to.get(), fileSize) || TIFFWriteDirectory(to.get()) == 0)
         return std::nullopt;
     to.reset();
+    if (frame.outOfMemory)
+        return std::nullopt;
     return std::move(frame.bytes);
 }
 

@@ -1,5 +1,7 @@
 #include "bench/decode/decodepages.h"
 
+#include "codecs/tiffwriter.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -7,7 +9,6 @@
 #include <random>
 
 #include <jpeglib.h>
-#include <tiffio.h>
 
 namespace pixmo {
 
@@ -51,60 +52,19 @@ Drawing drawPage() {
     return page;
 }
 
-struct MemoryFile {
-    std::vector<uint8_t> bytes;
-    size_t position = 0;
-};
-
-tmsize_t readMemory(thandle_t, void*, tmsize_t) {
-    return 0;
-}
-
-tmsize_t writeMemory(thandle_t handle, void* from, tmsize_t count) {
-    auto& file = *static_cast<MemoryFile*>(handle);
-    const auto length = static_cast<size_t>(count);
-    file.bytes.resize(std::max(file.bytes.size(), file.position + length));
-    std::memcpy(file.bytes.data() + file.position, from, length);
-    file.position += length;
-    return count;
-}
-
-toff_t seekMemory(thandle_t handle, toff_t offset, int origin) {
-    auto& file = *static_cast<MemoryFile*>(handle);
-    const size_t from = origin == SEEK_CUR ? file.position : origin == SEEK_END ? file.bytes.size() : 0;
-    file.position = from + offset;
-    return file.position;
-}
-
-int closeMemory(thandle_t) {
-    return 0;
-}
-
-toff_t memorySize(thandle_t handle) {
-    return static_cast<MemoryFile*>(handle)->bytes.size();
-}
-
 std::vector<uint8_t> encodeG4(const Drawing& page) {
-    MemoryFile file;
-    TIFF* const tiff = TIFFClientOpen("page", "w", &file, readMemory, writeMemory, seekMemory, closeMemory,
-                                      memorySize, nullptr, nullptr);
-    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, Width);
-    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, Height);
-    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, Height);
-    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_CCITTFAX4);
-    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
-    TIFFSetField(tiff, TIFFTAG_XRESOLUTION, 300.0);
-    TIFFSetField(tiff, TIFFTAG_YRESOLUTION, 300.0);
-    std::vector<uint8_t> row((Width + 7) / 8);
-    for (uint32_t y = 0; y < Height; ++y) {
-        std::fill(row.begin(), row.end(), uint8_t{0});
+    Raster raster;
+    raster.format = PixelFormat::Bilevel;
+    raster.width = Width;
+    raster.height = Height;
+    raster.stride = (Width + 7) / 8;
+    raster.xResolution = raster.yResolution = 300;
+    raster.pixels.resize(raster.stride * Height);
+    for (uint32_t y = 0; y < Height; ++y)
         for (uint32_t x = 0; x < Width; ++x)
             if (page[size_t{y} * Width + x] == 0)
-                row[x / 8] = static_cast<uint8_t>(row[x / 8] | 0x80U >> x % 8);
-        TIFFWriteScanline(tiff, row.data(), y);
-    }
-    TIFFClose(tiff);
-    return file.bytes;
+                raster.pixels[y * raster.stride + x / 8] |= static_cast<uint8_t>(0x80U >> x % 8);
+    return encodeTiff(raster);
 }
 
 /// Warm paper with the noise of a scanner.
