@@ -1,5 +1,7 @@
 #include "faces/com/base/widetext.h"
 
+#include <algorithm>
+#include <new>
 #include <windows.h>
 
 namespace pixmo::com {
@@ -30,6 +32,14 @@ std::string toUtf8(std::wstring_view wide) {
     WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, utf8.data(), static_cast<int>(utf8.size()), nullptr,
                         nullptr);
     return utf8;
+}
+
+wchar_t* copyForHost(std::wstring_view text) {
+    auto* const copy = static_cast<wchar_t*>(CoTaskMemAlloc((text.size() + 1) * sizeof(wchar_t)));
+    if (!copy)
+        throw std::bad_alloc();
+    *std::ranges::copy(text, copy).out = L'\0';
+    return copy;
 }
 
 } // namespace pixmo::com

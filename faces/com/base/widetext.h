@@ -11,4 +11,7 @@ std::wstring toWide(std::string_view utf8);
 std::wstring linesToWide(std::string_view utf8);
 std::string toUtf8(std::wstring_view wide);
 
+/// For a host, which frees it by CoTaskMemFree. Throws std::bad_alloc.
+wchar_t* copyForHost(std::wstring_view text);
+
 } // namespace pixmo::com

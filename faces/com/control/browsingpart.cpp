@@ -1,5 +1,6 @@
 #include "faces/com/control/browsingpart.h"
 
+#include "faces/com/base/widetext.h"
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/propertyvalues.h"
 
@@ -7,18 +8,6 @@
 #include <cwchar>
 
 namespace pixmo::com {
-
-namespace {
-
-LPOLESTR copyForHost(const wchar_t* text) {
-    const size_t units = std::wcslen(text) + 1;
-    const auto copy = static_cast<LPOLESTR>(CoTaskMemAlloc(units * sizeof(wchar_t)));
-    if (copy)
-        std::copy_n(text, units, copy);
-    return copy;
-}
-
-} // namespace
 
 /// Empty for a number that is no property's.
 std::string BrowsingPart::nameOf(DISPID property) const {

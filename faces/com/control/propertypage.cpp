@@ -10,15 +10,6 @@ namespace {
 
 constexpr std::wstring_view Title = L"Viewer";
 
-LPOLESTR copyForHost(std::wstring_view text) {
-    const auto copy = static_cast<LPOLESTR>(CoTaskMemAlloc((text.size() + 1) * sizeof(wchar_t)));
-    if (!copy)
-        throw std::bad_alloc();
-    std::ranges::copy(text, copy);
-    copy[text.size()] = L'\0';
-    return copy;
-}
-
 } // namespace
 
 PropertyPagePart::PropertyPagePart() : window_([this] { changed(); }) {}
