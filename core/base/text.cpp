@@ -111,7 +111,7 @@ struct Capitals {
     char32_t distance; ///< from a capital letter to its small one
 };
 
-/// Of letters whose small form takes as many bytes.
+/// Ranges of capital letters whose small form takes as many bytes.
 constexpr Capitals KnownCapitals[] = {
     {'A', 'Z', 1, 32},     {0xC0, 0xD6, 1, 32},   {0xD8, 0xDE, 1, 32},   {0x100, 0x12E, 2, 1},
     {0x132, 0x136, 2, 1},  {0x139, 0x147, 2, 1},  {0x14A, 0x176, 2, 1},  {0x179, 0x17D, 2, 1},

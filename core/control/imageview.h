@@ -95,7 +95,8 @@ public:
     std::string txtPage() const;
     /// What goes on now, for the status line; "" when nothing does.
     std::string statusText() const;
-    /// Of the running transfer: 0 to 100, or -1 when none runs or its size is not known.
+    /// How much of the running transfer, or print job, is done: 0 to 100, or -1 when none runs or its size is
+    /// not known.
     int32_t progressPercent() const;
     /// What to show instead of the picture while the picture of the current page is not there; "" when it is.
     std::string viewNotice() const;

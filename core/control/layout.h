@@ -32,7 +32,7 @@ struct ControlLayout {
     Rectangle zoom;
 };
 
-/// Of one line of text with its margins; 0 without text.
+/// The height of the status row, which is one line of text with its margins; 0 where there is no text.
 int32_t statusHeight(const LayoutMeasures& measures);
 
 /// The toolbar on top, the status line at the bottom, the view between them. The status line has the page

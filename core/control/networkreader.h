@@ -44,7 +44,7 @@ public:
     void AsyncRead(const AsyncRequest& request) override;
     void CancelAsyncRead(const std::string& propertyName) override;
 
-    /// Of the transfers to come.
+    /// When a transfer is given up; what is set here holds for the transfers that start afterwards.
     TransferLimits& limits() { return limits_; }
 
 protected:

@@ -15,7 +15,7 @@ inline constexpr Setting GrayScale = {"Settings", "GrayScale", "TRUE"};
 inline constexpr Setting ShowPrintDebugInfo = {"Settings", "ShowPrintDebugInfo", "FALSE"};
 inline constexpr Setting SavePageFolder = {"SavePage", "Folder", ""};
 inline constexpr Setting SavePageFormat = {"SavePage", "Format", "tif"};
-/// Of the log's window, device-independent pixels.
+/// The size of the log's window, in device-independent pixels.
 inline constexpr Setting LogWidth = {"dlgLog", "Form.Width", "760"};
 inline constexpr Setting LogHeight = {"dlgLog", "Form.Height", "480"};
 inline constexpr Setting PrintShowMore = {"dlgPrint", "ShowMore", "False"};

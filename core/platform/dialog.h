@@ -35,7 +35,7 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
-/// Of the program's picture, in device-independent pixels.
+/// Width and height of the program's picture, in device-independent pixels.
 constexpr int32_t DialogIconSize = 64;
 
 /// How much larger than the usual letters those of a heading are.
@@ -107,7 +107,7 @@ struct DialogKey {
     std::function<void()> pressed;
 };
 
-/// Of a window that the user may resize; device-independent pixels.
+/// The sizes of a window that the user may resize, in device-independent pixels.
 struct DialogSize {
     Size first;
     Size least;

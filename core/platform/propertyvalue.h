@@ -13,7 +13,7 @@ struct Colour {
     bool isSystem() const { return (value & 0x80000000U) != 0; }
 };
 
-/// Of the user's buttons and dialogs; as a background it means that the host has named none.
+/// The colour of the user's buttons and dialogs; as a background it means that the host has named none.
 inline constexpr Colour ButtonFace{0x8000000F};
 
 /// A font as a host's font object describes it; an empty name means the container's ambient font.

@@ -13,7 +13,7 @@ constexpr Size LeastSize = {400, 400};
 constexpr int32_t ResizeMilliseconds = 50;
 constexpr int32_t PatienceMilliseconds = 200;
 
-/// Of the printer's paper, as large as fits into the room.
+/// The size of a sheet that has the proportions of the printer's paper and is as large as fits into the room.
 Size sheetInside(const PrinterDevice& printer, Size room) {
     const auto length = [&](DeviceCap index) { return std::max(1.0, 1.0 * printer.GetDeviceCaps(index)); };
     const double width = length(DeviceCap::PhysicalWidth);

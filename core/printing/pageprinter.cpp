@@ -215,7 +215,7 @@ SheetArea PagePrinter::pictureArea(const PrintRequest& request) {
             static_cast<double>(printer_.LogPixels_Y())};
 }
 
-/// Of a line of the annotation with the gap that keeps the picture off.
+/// The height that a line of the annotation takes, with the gap that keeps the picture off.
 int32_t PagePrinter::lineHeight(int16_t fontSize) {
     printer_.SetFont(usableFontSize(fontSize), FaceName, NormalWeight, 0);
     int32_t width = 0;

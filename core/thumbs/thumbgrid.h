@@ -47,7 +47,7 @@ public:
         int32_t end = 0;
     };
     Range visible(int32_t rowsBeyond = 0) const;
-    /// Of the rows that touch a band of the window.
+    /// The items of all rows that touch a band of the window.
     Range inRows(int32_t top, int32_t bottom) const;
     /// The item so many rows further down in the same column, or the nearest to it that there is.
     int32_t rowsFrom(int32_t item, int32_t rows) const;

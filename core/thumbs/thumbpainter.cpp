@@ -9,7 +9,7 @@ namespace pixmo {
 
 namespace {
 
-/// Of the page outline that stands for a page not yet seen.
+/// Width by height of the outline that stands for a page not yet seen.
 constexpr double UsualProportion = 8.5 / 11;
 constexpr uint32_t SelectionAlpha = 72;
 constexpr double SelectionRadius = 4;

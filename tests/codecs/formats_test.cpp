@@ -18,7 +18,7 @@ bool isRefused(const std::vector<uint8_t>& bytes) {
     }
 }
 
-/// Of the greyish tables of the test pictures: which index has that colour.
+/// Which index has that colour in the greyish tables of the test pictures.
 size_t indexOf(uint32_t colour) {
     uint32_t index = 0;
     while (index < 16 && ((index * 0x17290BU + 0x32141EU) & 0xFFFFFFU) != colour)

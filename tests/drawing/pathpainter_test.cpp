@@ -18,7 +18,7 @@ public:
     PixelSurface surface() { return {pixels.data() + Margin * Side + Margin, 20, 20, Side}; }
     uint32_t at(size_t x, size_t y) const { return pixels[(y + Margin) * Side + x + Margin]; }
     uint32_t blue(size_t x, size_t y) const { return at(x, y) & 0xFFU; }
-    /// Of white on black, in pixels.
+    /// How much white there is on the black, in pixels.
     double covered() const {
         double sum = 0;
         for (const uint32_t pixel : pixels)

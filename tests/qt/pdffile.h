@@ -18,7 +18,7 @@ public:
     /// By an engine that leaves a picture's pixels as they are where each is one pixel of the page.
     QImage pageToTheBit(int number, int dotsPerInch) const;
     int pageCount() const;
-    /// Of all pages, one line after the other, a form feed behind each page.
+    /// The text of all pages, one line after the other, a form feed behind each page.
     std::string text() const;
     /// What `pdfimages -list` says of the pictures.
     QStringList pictures() const;

@@ -14,7 +14,7 @@ inline LONG toPixels(LONG himetric, int resolution) {
     return MulDiv(static_cast<int>(himetric), resolution, HimetricPerInch);
 }
 
-/// Of the user's desktop.
+/// Dots per inch of the user's desktop, across and down.
 inline SIZE screenResolution() {
     const HDC screen = GetDC(nullptr);
     const SIZE resolution{GetDeviceCaps(screen, LOGPIXELSX), GetDeviceCaps(screen, LOGPIXELSY)};

@@ -18,7 +18,7 @@ struct FreeGlobal {
 
 using GlobalBlock = std::unique_ptr<void, FreeGlobal>;
 
-/// Of the one behind the other.
+/// A block of the clipboard's memory that holds one after the other.
 GlobalBlock blockOf(std::span<const uint8_t> first, std::span<const uint8_t> second) {
     GlobalBlock block(GlobalAlloc(GMEM_MOVEABLE, first.size() + second.size()));
     auto* const bytes = block ? static_cast<uint8_t*>(GlobalLock(block.get())) : nullptr;

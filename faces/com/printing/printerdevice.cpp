@@ -78,7 +78,7 @@ bool PrinterDevice::TextOut(int32_t x, int32_t y, const std::string& text) {
 bool PrinterDevice::drawRaster(const Raster& picture, const Rectangle& source, const Rectangle& destination) {
     if (picture.empty() || source.width <= 0 || source.height <= 0)
         return false;
-    // Of no more rows than are drawn: drivers copy what they are given.
+    // No more rows are handed over than are drawn: drivers copy what they are given.
     const Dib dib = makeDib(picture, source.top, source.top + source.height);
     const int drawn = StretchDIBits(dc_, destination.left, destination.top, destination.width,
                                     destination.height, source.left, 0, source.width, source.height,

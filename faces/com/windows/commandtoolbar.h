@@ -30,7 +30,7 @@ public:
     /// Colours, resolution or the font have changed; nullptr: the system's. What lies behind the buttons is
     /// the owner's.
     void renew(HFONT font, HBRUSH back);
-    /// Of all its rows, device pixels.
+    /// The height that the buttons take when they are wrapped into rows of that width, in device pixels.
     int heightFor(int width) const;
     void place(const RECT& place) const;
     /// None: not about this toolbar.

@@ -35,7 +35,7 @@ private:
     void append(const std::wstring& text);
     void align();
 
-    /// Of 32-bit words, so that it lies as the system demands.
+    /// The template; 32-bit words, so that it is aligned as DLGTEMPLATE demands.
     std::vector<uint32_t> words_;
     size_t bytes_ = 0;
 };

@@ -59,7 +59,7 @@ private:
     // Where they stand.
     DialogLayout layOut() const;
     SIZE fieldSize(const DialogPart& part) const;
-    /// Of a text in lines of that width, of a single one for 0.
+    /// The room that a text takes in lines of that width, or in a single line for width 0, in device pixels.
     static SIZE sizeOf(const std::wstring& text, HFONT font, LONG width);
     HFONT font() const { return reinterpret_cast<HFONT>(SendMessageW(handle(), WM_GETFONT, 0, 0)); }
     void put(const DialogPart& part, const RECT* place) const;

@@ -12,8 +12,8 @@ inline constexpr UINT DpiChanged = 0x02E0;
 /// Sent to the windows inside of such a window after it has changed.
 inline constexpr UINT DpiChangedAfterParent = 0x02E3;
 
-/// Of the screen that the window is on, as far as its process knows of such differences; nullptr: the
-/// desktop's.
+/// Dots per inch of the screen that the window is on, as far as its process knows of such differences;
+/// nullptr: the desktop's.
 int dpiOf(HWND window);
 
 /// For tests, which have one screen only: what every window's resolution is from now on; 0: what it is.

@@ -33,7 +33,7 @@ std::shared_ptr<FaceWindow> FaceWindow::create(HWND parent, const RECT& place, c
     return window;
 }
 
-/// Of a host that is read from the right the bars are mirrored. The page never is, nor what it lies in, which
+/// In a host that is read from the right the bars are mirrored. The page never is, nor what it lies in, which
 /// would hand a mirrored window's layout on to it.
 bool FaceWindow::takeLayout() const {
     const LONG_PTR exStyle = GetWindowLongPtrW(handle(), GWL_EXSTYLE);

@@ -9,7 +9,7 @@ namespace pixmo::com {
 
 /// The font of that description; without a name the one of the system's messages.
 FontHandle makeFont(const Font& font, int dpi);
-/// Of equally wide characters.
+/// A font whose characters are equally wide, in the size of the user's messages.
 FontHandle makeFixedFont(int dpi);
 /// The same font, bold, so many times as large.
 FontHandle makeBold(HFONT font, double size = 1);
@@ -17,7 +17,7 @@ FontHandle makeBold(HFONT font, double size = 1);
 /// The system's message font at its desktop's resolution.
 LOGFONTW messageFont();
 
-/// Of one line.
+/// The size of the text in one line, in device pixels.
 SIZE textSize(HFONT font, const std::wstring& text);
 
 } // namespace pixmo::com

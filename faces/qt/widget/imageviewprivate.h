@@ -56,7 +56,7 @@ public:
     /// The host has enabled or disabled the widget by Qt's own means.
     void followEnabled();
     void applyColours();
-    /// Of toolbar and status line together.
+    /// The height of toolbar and status line together, in device-independent pixels.
     int barsHeight() const;
     int toolbarHeight() const;
     void load(int32_t docID, int32_t page);

@@ -20,7 +20,7 @@ class ScrolledView : public QAbstractScrollArea {
 public:
     explicit ScrolledView(QWidget* parent);
 
-    /// Of the viewport, in device pixels.
+    /// The viewport's size in device pixels.
     QSize deviceSize() const { return deviceSize(viewport()->size()); }
     /// One of the Pointer codes.
     void setPointer(int32_t code);

@@ -15,7 +15,7 @@ int16_t shiftState(Qt::KeyboardModifiers modifiers);
 /// One of mouse_button, 0 for others.
 int32_t buttonCode(Qt::MouseButton button);
 
-/// Of a wheel that has turned so far.
+/// How many notches a wheel has turned, which may be parts of one; the angle is in eighths of a degree.
 inline double notches(int angleDelta) {
     return angleDelta / double{QWheelEvent::DefaultDeltasPerStep};
 }

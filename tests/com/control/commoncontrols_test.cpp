@@ -10,7 +10,7 @@
 namespace pixmo::com::test {
 namespace {
 
-/// Of whatever answers the window's messages.
+/// The file of the module that answers the window's messages.
 std::wstring moduleOf(HWND window) {
     HMODULE module = nullptr;
     std::array<wchar_t, 1024> file{};

@@ -15,7 +15,7 @@ namespace pixmo::com {
 
 namespace {
 
-/// Of the button of that key, counted as the toolbar counts.
+/// The button's place among the toolbar's, counted as the toolbar counts.
 int indexOf(const ImageView& control, const std::string& key) {
     const auto& buttons = control.tlbImage().Buttons;
     for (size_t i = 0; i < buttons.size(); ++i)

@@ -12,7 +12,7 @@ BOOL CALLBACK countWindow(HWND, LPARAM count) {
     return TRUE;
 }
 
-/// Of this thread, hidden ones too.
+/// How many windows this thread has, hidden ones too.
 int windowCount() {
     int count = 0;
     EnumThreadWindows(GetCurrentThreadId(), countWindow, reinterpret_cast<LPARAM>(&count));

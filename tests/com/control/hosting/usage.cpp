@@ -18,7 +18,7 @@ struct DrawingEntry {
 };
 
 constexpr size_t TableSize = 16384;
-/// Of the table's address in the process's environment block.
+/// Where the process's environment block holds the table's address.
 constexpr size_t TableOffset = sizeof(void*) == 8 ? 0xF8 : 0x94;
 
 const std::byte* environmentBlock() {
