@@ -84,7 +84,6 @@ void ImageView::UserControl_Initialize() {
     trace("UserControl_Initialize Fired.");
     session_.setDelayTimer(timer(&ImageView::tmrDelay_Timer));
     tmrResizeDelay_ = timer(&ImageView::tmrResizeDelay_Timer);
-    tmrRunResize_ = timer(&ImageView::tmrRunResize_Timer);
     parts_.ports.reader->setListener(&transfers_);
     for (const PropertyRow& row : persistedProperties())
         row.let(*this, row.defaultValue);
@@ -204,7 +203,6 @@ void ImageView::UserControl_Terminate() {
     parts_.scope->ended = true;
     session_.tmrDelay().stop();
     tmrResizeDelay_->stop();
-    tmrRunResize_->stop();
 }
 
 void ImageView::UserControl_AmbientChanged(const std::string& propertyName) {
@@ -253,10 +251,6 @@ void ImageView::tmrResizeDelay_Timer() {
         parts_.lvrImage.setGrayScale(savedGrayScale_ != 0);
         savedGrayScale_ = NoGrayScaleSaved;
     });
-}
-
-void ImageView::tmrRunResize_Timer() {
-    tmrRunResize_->stop();
 }
 
 PropertyValue ImageView::property(std::string_view name) const {

@@ -135,7 +135,6 @@ private:
     void UpdateUI();
     void tmrDelay_Timer() { session_.tmrDelay_Timer(); }
     void tmrResizeDelay_Timer();
-    void tmrRunResize_Timer();
 
     static constexpr int32_t NoGrayScaleSaved = -1;
 
@@ -152,7 +151,6 @@ private:
     Thumbnails thumbnails_;
     PrintJob printJob_;
     std::unique_ptr<Timer> tmrResizeDelay_;
-    std::unique_ptr<Timer> tmrRunResize_;
     int32_t savedGrayScale_ = NoGrayScaleSaved;
 };
 
