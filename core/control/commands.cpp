@@ -7,87 +7,13 @@
 #include "core/windows/dlgsavepage.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <limits>
 
 namespace pixmo {
 
-namespace {
-
-using Facts = CommandFacts;
-using Rule = bool (*)(const Facts&);
-
-constexpr Rule Always = [](const Facts&) { return true; };
-constexpr Rule PageIsDisplayed = [](const Facts& facts) { return facts.pageDisplayed; };
-constexpr Rule PageCanBePrinted = [](const Facts& facts) {
-    return facts.pageDisplayed && facts.canPrint && !facts.printing;
-};
-constexpr Rule HasPages = [](const Facts& facts) { return facts.pageCount >= 1; };
-
-} // namespace
-
-/// The rows of the buttons stand in the order in which a click is compared with them.
-struct CommandTable {
-    using C = Commands;
-    static constexpr std::array<CommandRow, 31> Rows = {{
-        {"PAGEPREV", "&Previous Page", [](const Facts& f) { return f.page > 1; }, nullptr, &C::imgPagePrev},
-        {"PAGENEXT", "&Next Page", [](const Facts& f) { return f.pageCount >= 1 && f.page < f.pageCount; },
-         nullptr, &C::imgPageNext},
-        {"PAGEGOTO", "&Go to Page\u2026", [](const Facts& f) { return f.pageCount > 1; }, nullptr,
-         &C::imgPageGoto},
-        {"PRINT", "P&rint\u2026", PageCanBePrinted, nullptr, &C::imgPrintPages},
-        {"QUICKPRINT", "&Quick Print", PageCanBePrinted, nullptr, &C::imgPrintCurrentOnly},
-        {"ROTR", "Rotate Ri&ght", PageIsDisplayed, nullptr, &C::rotateRight},
-        {"ROTL", "Rotate &Left", PageIsDisplayed, nullptr, &C::rotateLeft},
-        {"FITHEIGHT", "Fit &Height", PageIsDisplayed, nullptr, &C::fitHeight},
-        {"FITWIDTH", "Fit &Width", PageIsDisplayed, nullptr, &C::fitWidth},
-        {"SELECTION", "&Zoom to Selection", PageIsDisplayed,
-         [](const C& c) { return !c.parts_.lvrImage.dragMode; }, &C::selectionMode},
-        {"PAN", "&Pan", PageIsDisplayed, [](const C& c) { return c.parts_.lvrImage.dragMode; }, &C::panMode},
-        {"ZOOM", "Zoom In", PageIsDisplayed, nullptr, &C::zoomAndPan},
-        {"CANCEL", "&Cancel Transfer", [](const Facts& f) { return f.transferPending || f.printing; },
-         nullptr, &C::cancel},
-        {"THUMBS", "&Thumbnails", [](const Facts& f) { return f.pageCount >= 1 && f.canShowThumbs; }, nullptr,
-         &C::ShowThumbNails},
-        {"STAR", "Book&mark Page", PageIsDisplayed, nullptr, &C::requestBookmark},
-        {"FITBEST", "Fit &Best", PageIsDisplayed, nullptr, &C::fitBest},
-        {"ZOOMIN", "Zoom &In", PageIsDisplayed, nullptr, &C::zoomIn},
-        {"ZOOMOUT", "Zoom &Out", PageIsDisplayed, nullptr, &C::zoomOut},
-        {"PAGEFIRST", "&First Page", HasPages, nullptr, &C::imgPageFirst},
-        {"PAGELAST", "&Last Page", HasPages, nullptr, &C::imgPageLast},
-        {"GRAYSCALE", "Gra&yscale", Always, [](const C& c) { return c.checks.mnuPopupGrayscale; },
-         &C::grayScale},
-        {"COPY", "&Copy", PageIsDisplayed, nullptr, &C::copyPage},
-        {"SAVEPAGE", "&Save Page As\u2026", PageIsDisplayed, nullptr, &C::savePage},
-        {"IMAGEINFO", "Ima&ge Information\u2026", Always, nullptr, &C::imageInfo},
-        {"ABOUT", "&About\u2026", Always, nullptr, &C::about},
-        {"BUTTONCAPTIONS", "Button &Captions", Always,
-         [](const C& c) { return c.checks.mnuPopup1ButtonCaptions; }, &C::buttonCaptions},
-        {"LARGEBUTTONS", "&Large Buttons", Always, [](const C& c) { return c.checks.mnuPopup1LargeButtons; },
-         &C::largeButtons},
-        {"SMALLBUTTONS", "&Small Buttons", Always, [](const C& c) { return c.checks.mnuPopup1SmallButtons; },
-         &C::smallButtons},
-        {"DEBUG", "&Debugging", Always, [](const C& c) { return c.debugShown; }, &C::toggleDebug},
-        {"SHOWLOG", "View &Log\u2026", Always, nullptr, &C::showLog},
-        {"CLEARDEBUG", "Clear &Debug Pane", Always, nullptr, &C::clearDebug},
-    }};
-};
-
 Commands::Commands(ControlParts& parts, Session& session, Transfers& transfers, CommandBar& commandBar,
                    DebugTrace& debug)
     : parts_(parts), session_(session), transfers_(transfers), commandBar_(commandBar), debug_(debug) {}
-
-std::span<const CommandRow> Commands::table() {
-    return CommandTable::Rows;
-}
-
-const CommandRow* Commands::find(std::string_view key) {
-    const auto rows = table();
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [key](const CommandRow& row) { return row.key == key; });
-    return found == rows.end() ? nullptr : &*found;
-}
 
 void Commands::setForbidden(std::string_view key, bool forbidden) {
     if (forbidden)
@@ -102,34 +28,40 @@ bool Commands::isForbidden(std::string_view key) const {
 }
 
 bool Commands::isOffered(std::string_view key) const {
-    const bool hostDecides = key == "THUMBS" || key == "STAR";
+    const CommandRow* row = findCommand(key);
+    const bool hostDecides = row && row->button.presence != Presence::Always;
     return !isForbidden(key) && (!hostDecides || commandBar_.tlbImage().find(key));
 }
 
 bool Commands::isEnabled(std::string_view key) const {
-    const CommandRow* row = find(key);
+    const CommandRow* row = findCommand(key);
     return row && !isForbidden(key) && row->enabled(facts());
 }
 
 bool Commands::isChecked(std::string_view key) const {
-    const CommandRow* row = find(key);
+    const CommandRow* row = findCommand(key);
     return row && row->checked && row->checked(*this);
 }
 
 void Commands::run(std::string_view key) {
     if (isEnabled(key))
-        (this->*find(key)->run)();
+        findCommand(key)->run(*this);
 }
 
 void Commands::tlbImage_ButtonClick(const ToolButton& button) {
     if (!button.Visible || !button.Enabled)
         return;
-    const CommandRow* row = find(button.Key);
+    const CommandRow* row = findCommand(button.Key);
     if (row)
-        (this->*row->run)();
+        row->run(*this);
     else
         parts_.ports.messageBox->ask("WARNING: No message handler for the \"" + button.Key + "\" button!",
                                      Buttons::Ok, Icon::Exclamation, {});
+}
+
+void Commands::click(std::string_view key) {
+    if (const ToolButton* button = commandBar_.tlbImage().find(key))
+        tlbImage_ButtonClick(ToolButton(*button));
 }
 
 CommandFacts Commands::facts() const {
@@ -145,15 +77,12 @@ CommandFacts Commands::facts() const {
 }
 
 void Commands::refreshToolbar() {
-    constexpr std::array<std::string_view, 14> keys = {
-        "THUMBS",    "PRINT",    "QUICKPRINT", "CANCEL",    "PAGEGOTO", "ROTR",     "ROTL",
-        "FITHEIGHT", "FITWIDTH", "PAN",        "SELECTION", "PAGENEXT", "PAGEPREV", "STAR"};
-    for (const std::string_view key : keys) {
-        if (!cUtilities::ButtonExists(commandBar_.tlbImage(), key))
+    for (const CommandRow* row : buttonRows()) {
+        if (!cUtilities::ButtonExists(commandBar_.tlbImage(), row->key))
             continue;
-        ToolButton* button = commandBar_.tlbImage().find(key);
-        button->Enabled = isEnabled(key);
-        button->Visible = !isForbidden(key);
+        ToolButton* button = commandBar_.tlbImage().find(row->key);
+        button->Enabled = isEnabled(row->key);
+        button->Visible = !isForbidden(row->key);
     }
 }
 
@@ -202,11 +131,6 @@ void Commands::selectionMode() {
     commandBar_.press("SELECTION");
     parts_.leadImageHelp.imgSelection(commandBar_.tlbImage().find("SELECTION"));
     parts_.updateUI();
-}
-
-void Commands::zoomAndPan() {
-    parts_.leadImageHelp.imgZoomIn();
-    panMode();
 }
 
 void Commands::copyPage() {

@@ -2,6 +2,7 @@
 
 #include "core/base/event.h"
 #include "core/control/commandbar.h"
+#include "core/control/commandtable.h"
 #include "core/control/controlparts.h"
 #include "core/control/debugtrace.h"
 #include "core/control/session.h"
@@ -10,7 +11,6 @@
 #include <cstdint>
 #include <functional>
 #include <set>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,36 +25,11 @@ struct MenuChecks {
     bool mnuPopupGrayscale = true;
 };
 
-/// What decides which commands can be given.
-struct CommandFacts {
-    bool pageDisplayed = false;
-    bool transferPending = false;
-    bool printing = false;
-    bool canPrint = false;
-    bool canShowThumbs = false;
-    int16_t page = 0;
-    int16_t pageCount = 0;
-};
-
-class Commands;
-
-/// One command, by whatever it is given: button, menu item, key or host.
-struct CommandRow {
-    std::string_view key;
-    const char* text; ///< as a menu names it, "&" before its mnemonic
-    bool (*enabled)(const CommandFacts&);
-    bool (*checked)(const Commands&); ///< nullptr: has no check mark
-    void (Commands::*run)();
-};
-
 /// All that a user can tell the control to do.
 class Commands {
 public:
     Commands(ControlParts& parts, Session& session, Transfers& transfers, CommandBar& commandBar,
              DebugTrace& debug);
-
-    static std::span<const CommandRow> table();
-    static const CommandRow* find(std::string_view key);
 
     /// Asked to forbid a command, all ways to give it vanish.
     void setForbidden(std::string_view key, bool forbidden);
@@ -66,8 +41,8 @@ public:
     /// Nothing happens while the command is disabled or forbidden.
     void run(std::string_view key);
     void tlbImage_ButtonClick(const ToolButton& button);
-    /// The keys that give the command, like "Ctrl+Shift+H"; "" for none.
-    static std::string shortcutOf(std::string_view key);
+    /// As the button does it, so that a disabled one does nothing.
+    void click(std::string_view key);
     /// A key of the image area; shift is the sum of 1 Shift, 2 Ctrl, 4 Alt. Whether the key means something.
     bool lvwImage_KeyDown(int16_t keyCode, int16_t shift);
     /// Whether such a key means something, without doing it.
@@ -92,46 +67,32 @@ public:
     Event<bool> PrintRequested; ///< whether the print dialog is to be shown
     Event<> PrintCancelled;     ///< the job that runs is to end
 
-private:
-    friend struct CommandTable;
-    friend struct KeyTable;
-
-    void imgPagePrev() { turnTo(session_.state().currentPage - 1); }
-    void imgPageNext() { turnTo(session_.state().currentPage + 1); }
-    void imgPageFirst() { turnTo(1); }
-    void imgPageLast() { turnTo(session_.state().pageCount); }
+    // What the rows of the table run.
+    void turnTo(int32_t page);
+    void turnBy(int32_t pages) { turnTo(session_.state().currentPage + pages); }
+    void turnToLast() { turnTo(session_.state().pageCount); }
     void imgPageGoto();
-    void imgPrintPages() { PrintRequested.raise(true); }
-    void imgPrintCurrentOnly() { PrintRequested.raise(false); }
-    void rotateRight() { parts_.leadImageHelp.imgRotateRight(); }
-    void rotateLeft() { parts_.leadImageHelp.imgRotateLeft(); }
-    void fitHeight() { parts_.leadImageHelp.imgFitHeight(); }
-    void fitWidth() { parts_.leadImageHelp.imgFitWidth(); }
-    void fitBest() { parts_.leadImageHelp.imgFitBest(); }
-    void zoomIn() { parts_.leadImageHelp.imgZoomIn(); }
-    void zoomOut() { parts_.leadImageHelp.imgZoomOut(); }
-    void zoomAndPan();
     void selectionMode();
+    bool isPanning() const { return parts_.lvrImage.dragMode; }
     void cancel();
-    void ShowThumbNails() { ThumbnailsRequested.raise(); }
     void requestBookmark() { session_.requestBookmark(); }
-    void grayScale() { letGrayScale(!checks.mnuPopupGrayscale); }
     void copyPage();
     void savePage();
     void imageInfo();
     void about();
     void buttonCaptions();
-    void largeButtons() { setLargeButtons(true); }
-    void smallButtons() { setLargeButtons(false); }
+    void setLargeButtons(bool large);
     void toggleDebug();
+    void tellDebugging(const char* keys);
     void showLog();
     void clearDebug();
+    /// The view's own commands: zoom, fit, turn.
+    cLeadImageFunctions& picture() { return parts_.leadImageHelp; }
 
-    void turnTo(int32_t page);
-    void setLargeButtons(bool large);
-    void scrollTo(bool horizontal, bool toEnd);
-    void scrollStep(int32_t x, int32_t y);
-    void tellDebugging(const char* keys);
+private:
+    bool isGiven(const CommandRow& row, int16_t keyCode, int16_t shift) const;
+    const CommandRow* commandOf(int16_t keyCode, int16_t shift) const;
+    void scroll(const ScrollKey& key);
 
     ControlParts& parts_;
     Session& session_;

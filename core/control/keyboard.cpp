@@ -1,8 +1,6 @@
-#include "core/base/virtualkeys.h"
 #include "core/control/commands.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -11,136 +9,64 @@ namespace pixmo {
 
 namespace {
 
-/// Which state of Shift, Ctrl and Alt a row is for.
-enum class With : int16_t { Shift = 1, Ctrl = 2, CtrlShift = 3, CtrlAltShift = 7, AnyOther = -1 };
-
-bool isMeant(With with, int16_t shift) {
-    if (with == With::AnyOther)
-        return shift != 1 && shift != 3 && shift != 7;
-    return static_cast<int16_t>(with) == shift;
-}
-
-std::string prefixOf(With with) {
-    switch (with) {
-    case With::Shift:
-        return "Shift+";
-    case With::Ctrl:
-        return "Ctrl+";
-    case With::CtrlShift:
-        return "Ctrl+Shift+";
-    case With::CtrlAltShift:
-        return "Ctrl+Alt+Shift+";
-    default:
-        return {};
-    }
-}
-
-std::string nameOf(int16_t keyCode) {
-    constexpr std::array<const char*, 8> names = {"Page Up", "Page Down", "End",   "Home",
-                                                  "Left",    "Up",        "Right", "Down"};
-    const auto index = static_cast<size_t>(keyCode - key::PageUp);
-    return index < names.size() ? names[index] : std::string(1, static_cast<char>(keyCode));
-}
-
 constexpr double ScrollStep = 30; ///< device-independent pixels
+
+/// nullptr for a key that does not scroll.
+const ScrollKey* scrollKey(int16_t keyCode, int16_t shift) {
+    const auto keys = scrollKeys();
+    const auto found = std::ranges::find_if(
+        keys, [&](const ScrollKey& key) { return isPressed(key.shortcut, keyCode, shift); });
+    return found == keys.end() ? nullptr : &*found;
+}
+
+/// nullptr for a key that is not the command's.
+const Shortcut* shortcutIn(const CommandRow& row, int16_t keyCode, int16_t shift) {
+    const auto* const found = std::ranges::find_if(
+        row.keys, [&](const Shortcut& shortcut) { return isPressed(shortcut, keyCode, shift); });
+    return found == row.keys.end() ? nullptr : found;
+}
 
 } // namespace
 
-struct KeyTable {
-    using C = Commands;
-    struct Row {
-        With with;
-        int16_t keyCode;
-        std::string_view command; ///< "" for what is no command of its own
-        void (*act)(Commands&);
-    };
-
-    /// As the button does it, so that a disabled one does nothing.
-    static void click(C& c, std::string_view key) {
-        if (const ToolButton* button = c.commandBar_.tlbImage().find(key))
-            c.tlbImage_ButtonClick(ToolButton(*button));
-    }
-    static void debugWithCtrl(C& c) {
-        c.toggleDebug();
-        c.tellDebugging("Ctl+Alt+Shft+T");
-    }
-    static void debugWithShift(C& c) {
-        c.toggleDebug();
-        c.tellDebugging("Shift+T");
-    }
-
-    static constexpr std::array<Row, 24> Rows = {{
-        {With::CtrlAltShift, 'D', "DEBUG", debugWithCtrl},
-        {With::CtrlAltShift, 'T', "SHOWLOG", nullptr},
-        {With::CtrlAltShift, 'C', "CLEARDEBUG", nullptr},
-        {With::Shift, 'D', "DEBUG", debugWithShift},
-        {With::Shift, 'T', "SHOWLOG", nullptr},
-        {With::Shift, 'C', "CLEARDEBUG", nullptr},
-        {With::Shift, key::Up, "", [](C& c) { c.scrollTo(false, false); }},
-        {With::Shift, key::Left, "", [](C& c) { c.scrollTo(true, false); }},
-        {With::Shift, key::Down, "", [](C& c) { c.scrollTo(false, true); }},
-        {With::Shift, key::Right, "", [](C& c) { c.scrollTo(true, true); }},
-        {With::CtrlShift, 'G', "GRAYSCALE", nullptr},
-        {With::CtrlShift, 'H', "FITHEIGHT", nullptr},
-        {With::CtrlShift, 'P', "PRINT", nullptr},
-        {With::CtrlShift, 'W', "FITWIDTH", nullptr},
-        {With::Ctrl, 'C', "COPY", nullptr},
-        {With::Ctrl, 'S', "SAVEPAGE", nullptr},
-        {With::AnyOther, key::Up, "", [](C& c) { c.scrollStep(0, -1); }},
-        {With::AnyOther, key::Down, "", [](C& c) { c.scrollStep(0, 1); }},
-        {With::AnyOther, key::Left, "", [](C& c) { c.scrollStep(-1, 0); }},
-        {With::AnyOther, key::Right, "", [](C& c) { c.scrollStep(1, 0); }},
-        {With::AnyOther, key::PageUp, "PAGEPREV", [](C& c) { click(c, "PAGEPREV"); }},
-        {With::AnyOther, key::PageDown, "PAGENEXT", [](C& c) { click(c, "PAGENEXT"); }},
-        {With::AnyOther, key::Home, "PAGEFIRST", nullptr},
-        {With::AnyOther, key::End, "PAGELAST", nullptr},
-    }};
-
-    /// nullptr for a key that means nothing now.
-    static const Row* find(const C& c, int16_t keyCode, int16_t shift) {
-        const auto* const found = std::find_if(Rows.begin(), Rows.end(), [&](const Row& row) {
-            return row.keyCode == keyCode && isMeant(row.with, shift) && !c.isForbidden(row.command);
-        });
-        return found == Rows.end() ? nullptr : found;
-    }
-
-    static void act(C& c, const Row& row) {
-        if (row.act)
-            row.act(c);
-        else
-            c.run(row.command);
-    }
-};
-
-bool Commands::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
-    const KeyTable::Row* const row = KeyTable::find(*this, keyCode, shift);
-    if (row)
-        parts_.procedure("lvwImage_KeyDown").step([&] { KeyTable::act(*this, *row); });
-    return row;
+/// nullptr for a key that gives no command now.
+const CommandRow* Commands::commandOf(int16_t keyCode, int16_t shift) const {
+    const auto rows = commandTable();
+    const auto found = std::ranges::find_if(rows, [&](const CommandRow& row) {
+        return shortcutIn(row, keyCode, shift) && !isForbidden(row.key);
+    });
+    return found == rows.end() ? nullptr : &*found;
 }
 
 bool Commands::isKey(int16_t keyCode, int16_t shift) const {
-    return KeyTable::find(*this, keyCode, shift);
+    return scrollKey(keyCode, shift) || commandOf(keyCode, shift);
 }
 
-std::string Commands::shortcutOf(std::string_view key) {
-    const auto& rows = KeyTable::Rows;
-    const auto row = std::find_if(rows.begin(), rows.end(),
-                                  [key](const KeyTable::Row& each) { return each.command == key; });
-    return row == rows.end() || key.empty() ? std::string() : prefixOf(row->with) + nameOf(row->keyCode);
+bool Commands::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
+    if (!isKey(keyCode, shift))
+        return false;
+    parts_.procedure("lvwImage_KeyDown").step([&] {
+        const CommandRow* row = commandOf(keyCode, shift);
+        if (!row)
+            scroll(*scrollKey(keyCode, shift));
+        else if (row->byKey)
+            row->byKey(*this, shortcutIn(*row, keyCode, shift)->with);
+        else
+            run(row->key);
+    });
+    return true;
 }
 
-void Commands::scrollTo(bool horizontal, bool toEnd) {
+void Commands::scroll(const ScrollKey& key) {
     RasterView& view = parts_.lvrImage;
-    const int32_t to = toEnd ? std::numeric_limits<int32_t>::max() : 0;
-    view.scrollTo(horizontal ? to : view.horizontalBar().position,
-                  horizontal ? view.verticalBar().position : to);
-}
-
-void Commands::scrollStep(int32_t x, int32_t y) {
+    if (key.toEdge) {
+        const int32_t to = key.x > 0 || key.y > 0 ? std::numeric_limits<int32_t>::max() : 0;
+        view.scrollTo(key.x != 0 ? to : view.horizontalBar().position,
+                      key.y != 0 ? to : view.verticalBar().position);
+        return;
+    }
     const auto step =
         static_cast<int32_t>(std::lround(ScrollStep * parts_.ports.viewSurface->devicePixelRatio()));
-    parts_.lvrImage.scrollBy(x * step, y * step);
+    view.scrollBy(key.x * step, key.y * step);
 }
 
 } // namespace pixmo

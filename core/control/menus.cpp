@@ -1,71 +1,40 @@
 #include "core/control/menus.h"
 
-#include <array>
-#include <span>
+#include <string>
 
 namespace pixmo {
 
 namespace {
 
-struct Row {
-    const char* name;
-    const char* key; ///< nullptr: a separator
-};
-
-constexpr std::array<Row, 4> ToolbarRows = {{{"mnuPopup1ButtonCaptions", "BUTTONCAPTIONS"},
-                                             {"mnupopupsep0", nullptr},
-                                             {"mnuPopup1LargeButtons", "LARGEBUTTONS"},
-                                             {"mnuPopup1SmallButtons", "SMALLBUTTONS"}}};
-
-constexpr std::array<Row, 15> ImageRows = {{{"mnuPopupPan", "PAN"},
-                                            {"mnuPopupSelect", "SELECTION"},
-                                            {"mnuPop2Sep1", nullptr},
-                                            {"mnuPopupFitBest", "FITBEST"},
-                                            {"mnuPopupFitHeight", "FITHEIGHT"},
-                                            {"mnuPopupFitWidth", "FITWIDTH"},
-                                            {"mnuPopupGrayscale", "GRAYSCALE"},
-                                            {"mnuPop2Sep2", nullptr},
-                                            {"mnuPopupCopy", "COPY"},
-                                            {"mnuPopupSavePage", "SAVEPAGE"},
-                                            {"mnuPopupPrint", "PRINT"},
-                                            {"mnuPop2Sep3", nullptr},
-                                            {"mnuPopupImageInfo", "IMAGEINFO"},
-                                            {"mnuPopupAbout", "ABOUT"},
-                                            {"mnuDebug", "SHOWLOG"}}};
-
-MenuItem itemOf(const Row& row, const Commands& commands) {
-    const CommandRow& command = *Commands::find(row.key);
+MenuItem itemOf(const CommandRow& row, const Commands& commands) {
     MenuItem item;
-    item.name = row.name;
+    item.name = row.menu.name;
     item.key = row.key;
-    item.text = command.text;
-    item.shortcut = Commands::shortcutOf(row.key);
+    item.text = row.text;
+    item.shortcut = shortcutOf(row);
     item.enabled = commands.isEnabled(row.key);
-    item.checkable = command.checked != nullptr;
+    item.checkable = row.checked != nullptr;
     item.checked = commands.isChecked(row.key);
     return item;
 }
 
-bool isThere(const Row& row, const Commands& commands) {
-    const bool needsDebugging = std::string_view(row.name) == "mnuDebug";
-    return !commands.isForbidden(row.key) && (!needsDebugging || commands.debugShown);
+std::string separatorBefore(const MenuPlace& place) {
+    return place.menu == PopupMenu::Image ? "mnuPop2Sep" + std::to_string(place.group)
+                                          : "mnupopupsep" + std::to_string(place.group - 1);
 }
 
-std::vector<MenuItem> menuOf(std::span<const Row> rows, const Commands& commands) {
+std::vector<MenuItem> menuOf(PopupMenu menu, const Commands& commands) {
     std::vector<MenuItem> items;
     if (!commands.menusShown)
         return items;
-    const Row* separator = nullptr;
-    for (const Row& row : rows) {
-        if (!row.key) {
-            separator = items.empty() ? nullptr : &row;
-        } else if (isThere(row, commands)) {
-            if (separator) {
-                items.push_back({separator->name, {}, {}, {}, true, false, false, false});
-                separator = nullptr;
-            }
-            items.push_back(itemOf(row, commands));
-        }
+    int8_t group = 0;
+    for (const CommandRow* row : menuRows(menu)) {
+        if (commands.isForbidden(row->key) || (row->menu.whileDebugging && !commands.debugShown))
+            continue;
+        if (row->menu.group != group && !items.empty())
+            items.push_back({separatorBefore(row->menu), {}, {}, {}, true, false, false, false});
+        group = row->menu.group;
+        items.push_back(itemOf(*row, commands));
     }
     return items;
 }
@@ -73,11 +42,11 @@ std::vector<MenuItem> menuOf(std::span<const Row> rows, const Commands& commands
 } // namespace
 
 std::vector<MenuItem> toolbarMenu(const Commands& commands) {
-    return menuOf(ToolbarRows, commands);
+    return menuOf(PopupMenu::Toolbar, commands);
 }
 
 std::vector<MenuItem> imageMenu(const Commands& commands) {
-    return menuOf(ImageRows, commands);
+    return menuOf(PopupMenu::Image, commands);
 }
 
 } // namespace pixmo

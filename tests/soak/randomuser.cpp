@@ -124,7 +124,7 @@ void RandomUser::step() {
 }
 
 void RandomUser::command() {
-    const auto rows = Commands::table();
+    const auto rows = commandTable();
     const std::string_view key = rows[static_cast<size_t>(chance(static_cast<int>(rows.size())))].key;
     view_->action(QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size())))->trigger();
 }

@@ -14,7 +14,7 @@ QString keyOf(const CommandRow& row) {
 } // namespace
 
 CommandActions::CommandActions(QObject& parent, const Run& run) {
-    for (const CommandRow& row : Commands::table()) {
+    for (const CommandRow& row : commandTable()) {
         const QString key = keyOf(row);
         auto* const action = new QAction(commandIcon(key), QString::fromUtf8(row.text), &parent);
         action->setObjectName(key);
@@ -26,7 +26,7 @@ CommandActions::CommandActions(QObject& parent, const Run& run) {
 
 void CommandActions::mirror(const pixmo::ImageView& control) const {
     const Commands& commands = control.commands();
-    for (const CommandRow& row : Commands::table()) {
+    for (const CommandRow& row : commandTable()) {
         QAction& action = *actions_.value(keyOf(row));
         action.setEnabled(commands.isEnabled(row.key));
         action.setVisible(commands.isOffered(row.key));
