@@ -1,3 +1,5 @@
+#include "core/control/commandtable.h"
+#include "core/control/propertytable.h"
 #include "tests/qt/engineprocess.h"
 #include "tests/qt/waiting.h"
 
@@ -49,14 +51,26 @@ TEST(ViewerProgram, TellsItsOptionsAndVersion) {
     EXPECT_THAT(runViewer(QStringLiteral("--version")).output, testing::StartsWith("pixmo "));
 }
 
-TEST(EmbeddingExample, IsTheProgramThatTheDocumentationShows) {
-    const auto textOf = [](const char* path) {
-        QFile file(QString::fromLatin1(path));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
-        return file.readAll();
+QByteArray documentation(const char* name) {
+    QFile file(QLatin1String(PIXMO_DOCS "/") + QLatin1String(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return file.readAll();
+}
+
+TEST(Documentation, NamesEveryPropertyAndCommand) {
+    const QByteArray text = documentation("hosting-qt.md");
+    const auto named = [&](std::string_view name) {
+        return text.contains(("`" + std::string(name) + "`").c_str());
     };
-    const QByteArray program = textOf(PIXMO_DOCS "/examples/embedding.cpp");
-    EXPECT_TRUE(textOf(PIXMO_DOCS "/hosting-qt.md").contains("```cpp\n" + program + "```"));
+    for (const PropertyRow& row : propertyTable())
+        EXPECT_TRUE(named(row.name)) << row.name;
+    for (const CommandRow& row : commandTable())
+        EXPECT_TRUE(named(row.key)) << row.key;
+}
+
+TEST(Documentation, ShowsTheProgramThatIsTested) {
+    EXPECT_TRUE(documentation("hosting-qt.md")
+                    .contains("```cpp\n" + documentation("examples/embedding.cpp") + "```"));
 }
 
 TEST(EmbeddingExample, LoadsThePage) {

@@ -1,4 +1,5 @@
 // The type library that is built is the one that hosts were compiled against.
+#include "core/control/propertytable.h"
 #include "faces/com/base/boundary.h"
 #include "tests/com/control/hosting/library.h"
 #include "tests/com/control/hosting/typelibrarytext.h"
@@ -32,6 +33,17 @@ TEST(TypeLibrary, isAsHostsKnowIt) {
     if (built != frozenText())
         std::ofstream("vellaneinet2.txt", std::ios::binary) << built;
     EXPECT_EQ(built, frozenText());
+}
+
+TEST(TypeLibrary, hasEveryPropertyOfTheControl) {
+    const std::string built = describe(*builtLibrary());
+    const auto has = [&](const char* kind, const char* name) {
+        return built.find(std::string(kind) + name + "(") != std::string::npos;
+    };
+    for (const PropertyRow& row : propertyTable()) {
+        EXPECT_TRUE(has(" get ", row.name)) << row.name;
+        EXPECT_EQ(has(" put ", row.name) || has(" putref ", row.name), row.let != nullptr) << row.name;
+    }
 }
 
 TEST(TypeLibrary, explainsEveryMember) {
