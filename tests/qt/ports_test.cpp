@@ -1,9 +1,11 @@
 #include "core/base/files.h"
+#include "core/drawing/programpicture.h"
 #include "faces/qt/ports/eventloop.h"
 #include "faces/qt/ports/messagebox.h"
 #include "faces/qt/ports/scratchfolder.h"
 #include "faces/qt/ports/settingsstore.h"
 #include "faces/qt/ports/timers.h"
+#include "faces/qt/windows/programicon.h"
 #include "faces/qt/windows/virtualkeys.h"
 #include "tests/qt/boxwatcher.h"
 #include "tests/qt/waiting.h"
@@ -183,6 +185,14 @@ TEST(QtKeys, HaveVirtualCodes) {
     EXPECT_EQ(code(Qt::Key_AltGr), 0);
     EXPECT_EQ(shiftState(Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier), 7);
     EXPECT_EQ(shiftState(Qt::ControlModifier | Qt::KeypadModifier), 2);
+}
+
+TEST(ProgramIcon, IsTheProgramsPicture) {
+    const QImage shown =
+        programIcon().pixmap(QSize(64, 64), 1).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    ASSERT_EQ(shown.sizeInBytes(), 64 * 64 * 4);
+    const auto* const pixels = reinterpret_cast<const uint32_t*>(shown.constBits());
+    EXPECT_EQ(std::vector(pixels, pixels + 64 * 64), programPicture(64));
 }
 
 } // namespace

@@ -16,7 +16,8 @@ QIcon programIcon() {
         const std::vector<uint32_t> pixels = programPicture(size);
         const QImage image(reinterpret_cast<const uchar*>(pixels.data()), size, size,
                            QImage::Format_ARGB32_Premultiplied);
-        icon.addPixmap(QPixmap::fromImage(image));
+        // A pixmap shares the memory of its image, which ends here.
+        icon.addPixmap(QPixmap::fromImage(image.copy()));
     }
     return icon;
 }
