@@ -1,24 +1,13 @@
 #pragma once
 
 #include "faces/com/base/comobject.h"
-#include "faces/com/control/activepart.h"
-#include "faces/com/control/browsingpart.h"
-#include "faces/com/control/classinfopart.h"
-#include "faces/com/control/connectionspart.h"
-#include "faces/com/control/datapart.h"
-#include "faces/com/control/errorinfopart.h"
+#include "faces/com/control/describingparts.h"
+#include "faces/com/control/embeddingparts.h"
 #include "faces/com/control/imageviewpart.h"
-#include "faces/com/control/inplacepart.h"
-#include "faces/com/control/objectsitepart.h"
-#include "faces/com/control/olecontrolpart.h"
-#include "faces/com/control/oleobjectpart.h"
-#include "faces/com/control/pagespart.h"
-#include "faces/com/control/persistbagpart.h"
-#include "faces/com/control/persiststoragepart.h"
-#include "faces/com/control/persiststreampart.h"
-#include "faces/com/control/quickactivatepart.h"
-#include "faces/com/control/safetypart.h"
-#include "faces/com/control/viewpart.h"
+#include "faces/com/control/persistparts.h"
+#include "faces/com/control/pictureparts.h"
+#include "faces/com/control/placeparts.h"
+#include "faces/com/control/siteparts.h"
 
 namespace pixmo::com {
 

@@ -2,6 +2,7 @@
 
 #include "faces/com/control/part.h"
 
+#include <objsafe.h>
 #include <ocidl.h>
 
 namespace pixmo::com {
@@ -16,6 +17,17 @@ public:
 
 protected:
     ~ObjectSitePart() = default;
+};
+
+class SafetyPart : public Part<IObjectSafety> {
+public:
+    using Part::Part;
+
+    STDMETHODIMP GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) override;
+    STDMETHODIMP SetInterfaceSafetyOptions(REFIID iid, DWORD mask, DWORD options) override;
+
+protected:
+    ~SafetyPart() = default;
 };
 
 } // namespace pixmo::com

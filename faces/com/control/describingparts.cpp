@@ -1,13 +1,63 @@
-#include "faces/com/control/browsingpart.h"
+#include "faces/com/control/describingparts.h"
 
+#include "faces/com/base/comenum.h"
+#include "faces/com/base/typelibrary.h"
 #include "faces/com/base/widetext.h"
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/propertyvalues.h"
 
 #include <algorithm>
+#include <array>
 #include <cwchar>
 
 namespace pixmo::com {
+
+STDMETHODIMP ClassInfoPart::GetClassInfo(ITypeInfo** info) {
+    return call("GetClassInfo", [&] {
+        checkPointer(info);
+        *info = typeInfoOf(CLSID_ImageView).detach();
+        return S_OK;
+    });
+}
+
+STDMETHODIMP ClassInfoPart::GetGUID(DWORD kind, GUID* guid) {
+    if (!guid)
+        return E_POINTER;
+    *guid = GUID_NULL;
+    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID)
+        return E_INVALIDARG;
+    *guid = DIID_IImageViewEvents;
+    return S_OK;
+}
+
+STDMETHODIMP ErrorInfoPart::InterfaceSupportsErrorInfo(REFIID iid) {
+    const std::array described{IID_IImageView, IID_IDispatch, IID_IPersistPropertyBag, IID_IPersistStreamInit,
+                               IID_IPersistStorage};
+    const bool isDescribed =
+        std::ranges::any_of(described, [&](const IID& known) { return IsEqualIID(known, iid); });
+    return isDescribed ? S_OK : S_FALSE;
+}
+
+STDMETHODIMP ConnectionsPart::EnumConnectionPoints(IEnumConnectionPoints** points) {
+    return call("EnumConnectionPoints", [&] {
+        checkPointer(points);
+        const auto all = context_.sinks().points();
+        *points = makeObject<ComEnum<IEnumConnectionPoints, IConnectionPoint*>>(
+                      std::vector<IConnectionPoint*>(all.begin(), all.end()))
+                      .detach();
+        return S_OK;
+    });
+}
+
+STDMETHODIMP ConnectionsPart::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
+    if (!point)
+        return E_POINTER;
+    *point = nullptr;
+    for (ConnectionPoint* candidate : context_.sinks().points())
+        if (IsEqualIID(iid, candidate->outgoing()))
+            return ComPtr<IConnectionPoint>(candidate).copyTo(point);
+    return CONNECT_E_NOCONNECTION;
+}
 
 /// Empty for a number that is no property's.
 std::string BrowsingPart::nameOf(DISPID property) const {
@@ -81,6 +131,18 @@ STDMETHODIMP BrowsingPart::GetPredefinedValue(DISPID property, DWORD cookie, VAR
             convertProperty(static_cast<int32_t>(cookie), findProperty(name)->defaultValue);
         return VariantCopy(value, toVariant(typed).get());
     });
+}
+
+STDMETHODIMP PagesPart::GetPages(CAUUID* pages) {
+    if (!pages)
+        return E_POINTER;
+    *pages = {};
+    pages->pElems = static_cast<GUID*>(CoTaskMemAlloc(sizeof(GUID)));
+    if (!pages->pElems)
+        return E_OUTOFMEMORY;
+    pages->pElems[0] = ClassOfPage;
+    pages->cElems = 1;
+    return S_OK;
 }
 
 } // namespace pixmo::com

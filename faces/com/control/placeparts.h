@@ -6,6 +6,22 @@
 
 namespace pixmo::com {
 
+/// The control's place in its host's window.
+class InPlacePart : public Part<IOleInPlaceObject, IOleWindow> {
+public:
+    using Part::Part;
+
+    STDMETHODIMP GetWindow(HWND* window) override;
+    STDMETHODIMP ContextSensitiveHelp(BOOL enter) override;
+    STDMETHODIMP InPlaceDeactivate() override;
+    STDMETHODIMP UIDeactivate() override;
+    STDMETHODIMP SetObjectRects(LPCRECT place, LPCRECT clip) override;
+    STDMETHODIMP ReactivateAndUndo() override;
+
+protected:
+    ~InPlacePart() = default;
+};
+
 /// The control while the user works with it.
 class ActivePart : public Part<IOleInPlaceActiveObject> {
 public:

@@ -1,4 +1,4 @@
-#include "faces/com/control/oleobjectpart.h"
+#include "faces/com/control/embeddingparts.h"
 
 #include "faces/com/base/comenum.h"
 #include "faces/com/control/identifiers.h"
@@ -164,6 +164,78 @@ STDMETHODIMP OleObjectPart::GetMiscStatus(DWORD aspect, DWORD* status) {
 
 STDMETHODIMP OleObjectPart::SetColorScheme(LOGPALETTE*) {
     return E_NOTIMPL;
+}
+
+/// The control takes no mnemonics: those of its host are the host's. Return and Esc are not for it either.
+STDMETHODIMP OleControlPart::GetControlInfo(CONTROLINFO* info) {
+    if (!info)
+        return E_POINTER;
+    info->hAccel = nullptr;
+    info->cAccel = 0;
+    info->dwFlags = 0;
+    return S_OK;
+}
+
+STDMETHODIMP OleControlPart::OnMnemonic(MSG*) {
+    return S_OK;
+}
+
+STDMETHODIMP OleControlPart::OnAmbientPropertyChange(DISPID property) {
+    return call("UserControl_AmbientChanged", [&] {
+        context_.ambientChanged(property);
+        return S_OK;
+    });
+}
+
+STDMETHODIMP OleControlPart::FreezeEvents(BOOL freeze) {
+    context_.freezeEvents(freeze);
+    return S_OK;
+}
+
+STDMETHODIMP QuickActivatePart::QuickActivate(QACONTAINER* container, QACONTROL* control) {
+    return call("QuickActivate", [&]() -> HRESULT {
+        checkPointer(container);
+        checkPointer(control);
+        if (container->cbSize < sizeof(QACONTAINER) || control->cbSize < sizeof(QACONTROL))
+            return E_INVALIDARG;
+        const ULONG size = control->cbSize;
+        *control = {};
+        control->cbSize = size;
+        context_.setClientSite(ComPtr<IOleClientSite>(container->pClientSite));
+        if (container->pAdviseSink)
+            context_.observers().adviseView(DVASPECT_CONTENT, 0,
+                                            queryFor<IAdviseSink>(container->pAdviseSink).get());
+        connect(DIID_IImageViewEvents, container->pUnkEventSink, control->dwEventCookie);
+        connect(IID_IPropertyNotifySink, container->pPropertyNotifySink, control->dwPropNotifyCookie);
+        control->dwMiscStatus = ControlStatus;
+        control->dwViewStatus = VIEWSTATUS_OPAQUE;
+        return S_OK;
+    });
+}
+
+void QuickActivatePart::connect(REFIID outgoing, IUnknown* sink, DWORD& cookie) {
+    if (!sink)
+        return;
+    for (ConnectionPoint* point : context_.sinks().points())
+        if (IsEqualIID(outgoing, point->outgoing()))
+            point->Advise(sink, &cookie);
+}
+
+STDMETHODIMP QuickActivatePart::SetContentExtent(LPSIZEL size) {
+    return call("SetContentExtent", [&]() -> HRESULT {
+        checkPointer(size);
+        if (size->cx < 0 || size->cy < 0)
+            return E_INVALIDARG;
+        context_.setExtent(*size);
+        return S_OK;
+    });
+}
+
+STDMETHODIMP QuickActivatePart::GetContentExtent(LPSIZEL size) {
+    if (!size)
+        return E_POINTER;
+    *size = context_.extent();
+    return S_OK;
 }
 
 } // namespace pixmo::com

@@ -2,6 +2,7 @@
 
 #include "faces/com/control/part.h"
 
+#include <ocidl.h>
 #include <oleidl.h>
 
 namespace pixmo::com {
@@ -40,6 +41,35 @@ protected:
 private:
     HRESULT showProperties(HWND parent);
     HRESULT saveToSite();
+};
+
+class OleControlPart : public Part<IOleControl> {
+public:
+    using Part::Part;
+
+    STDMETHODIMP GetControlInfo(CONTROLINFO* info) override;
+    STDMETHODIMP OnMnemonic(MSG* message) override;
+    STDMETHODIMP OnAmbientPropertyChange(DISPID property) override;
+    STDMETHODIMP FreezeEvents(BOOL freeze) override;
+
+protected:
+    ~OleControlPart() = default;
+};
+
+/// Site, sinks and answers exchanged in one call.
+class QuickActivatePart : public Part<IQuickActivate> {
+public:
+    using Part::Part;
+
+    STDMETHODIMP QuickActivate(QACONTAINER* container, QACONTROL* control) override;
+    STDMETHODIMP SetContentExtent(LPSIZEL size) override;
+    STDMETHODIMP GetContentExtent(LPSIZEL size) override;
+
+protected:
+    ~QuickActivatePart() = default;
+
+private:
+    void connect(REFIID outgoing, IUnknown* sink, DWORD& cookie);
 };
 
 } // namespace pixmo::com

@@ -1,6 +1,19 @@
-#include "faces/com/control/safetypart.h"
+#include "faces/com/control/siteparts.h"
 
 namespace pixmo::com {
+
+STDMETHODIMP ObjectSitePart::SetSite(IUnknown* site) {
+    context_.host().setObjectSite(ComPtr<IUnknown>(site));
+    return S_OK;
+}
+
+STDMETHODIMP ObjectSitePart::GetSite(REFIID iid, void** site) {
+    if (!site)
+        return E_POINTER;
+    *site = nullptr;
+    const auto& known = context_.host().objectSite();
+    return known ? known->QueryInterface(iid, site) : E_FAIL;
+}
 
 STDMETHODIMP SafetyPart::GetInterfaceSafetyOptions(REFIID iid, DWORD* supported, DWORD* enabled) {
     if (!supported || !enabled)
