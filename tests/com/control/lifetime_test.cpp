@@ -2,7 +2,7 @@
 #include "faces/com/base/boundary.h"
 #include "faces/com/control/identifiers.h"
 #include "tests/com/control/hosting/container.h"
-#include "tests/com/control/hosting/sampleengine.h"
+#include "tests/com/control/hosting/smallengine.h"
 #include "tests/com/control/hosting/usage.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +12,6 @@ namespace {
 
 constexpr int Rounds = 20; ///< of one control in each kind of host
 constexpr int RoundsToWarmUp = 4;
-constexpr int32_t Fax = 1002;
 
 /// Counts references; every interface it is asked for is the inner object's.
 class OuterPart : public IOleContainer {
@@ -120,15 +119,16 @@ TEST_F(Lifetime, theControlMayEndInItsOwnEvent) {
 
 // A host that shows one document after the other, each in a new control.
 TEST_F(Lifetime, twoHundredDocumentsLeaveNothing) {
+    const SmallEngine engine;
     const auto round = [&](int number) {
         Container host(library, number % 2 == 0 ? FormRun : ScriptOnly);
         host.initialise();
         if (host.site.profile.hasPlace)
             host.activate();
-        host.put(L"EngineAddress", Variant(std::string_view(engineAddress())));
-        host.as<IImageView>()->LoadDocumentByDocID(Fax, 1);
+        host.put(L"EngineAddress", Variant(std::string_view(engine.address())));
+        host.as<IImageView>()->LoadDocumentByDocID(SmallEngine::Document, 1);
         ASSERT_TRUE(pumpUntil([&] {
-            return !host.events.events.empty() && host.events.events.back() == "PageChanged(1002, 1)";
+            return !host.events.events.empty() && host.events.events.back() == "PageChanged(7, 1)";
         })) << number;
         ASSERT_EQ(host.close(), 0U);
     };

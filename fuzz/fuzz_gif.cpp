@@ -1,6 +1,0 @@
-#include "codecs/gifcodec.h"
-#include "fuzz/fuzzdecode.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    return pixmo::fuzzDecode(pixmo::decodeGif, data, size);
-}
