@@ -86,7 +86,7 @@ TEST(Damage, FlippedBytesEndInAnErrorOrAPicture) {
 
 TEST(Damage, ChecksumsOfPng) {
     const PageCodecs codecs;
-    const auto whole = storedBytes("png-rgb8.png");
+    const auto whole = storedBytes("png-rgb8-transparent.png");
     for (size_t at = 8; at < whole.size(); at += 7) {
         auto bytes = whole;
         bytes[at] ^= 0x10;

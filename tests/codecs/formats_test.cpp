@@ -1,9 +1,12 @@
+#include "codecs/bits.h"
 #include "codecs/pagecodecs.h"
 #include "core/base/error.h"
 #include "tests/codecs/pattern.h"
 #include "tests/codecs/pictures.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 // What a whole stored picture cannot tell: parts that may be missing, and runs that lead astray.
 namespace pixmo {
@@ -42,6 +45,18 @@ std::string runLengthPicture(const std::string& header, const std::vector<uint8_
         text = error.Description;
     }
     return text;
+}
+
+TEST(Bits, GoToAnyPlaceOfARow) {
+    const uint8_t source[] = {0xB5, 0xC0};
+    for (size_t place = 0; place < 20; ++place) {
+        std::array<uint8_t, 4> row{};
+        copyBits(source, 11, row.data(), place, place > 9);
+        for (size_t i = 0; i < 11; ++i)
+            EXPECT_EQ(row[(place + i) / 8] >> (7 - (place + i) % 8) & 1,
+                      (source[i / 8] >> (7 - i % 8) & 1) ^ (place > 9 ? 1 : 0))
+                << place << "+" << i;
+    }
 }
 
 TEST(Bmp, RunLengths) {
