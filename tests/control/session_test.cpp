@@ -433,7 +433,7 @@ TEST_F(Session, TheContactMayBeAnsweredBeforeTheRequestReturns) {
             control.reader->finish("IC", control.encipher("IC\u00B7OK"));
     };
     control.view->LoadDocumentByDocID(5, 1);
-    EXPECT_TRUE(control.view->parts().session.contacted);
+    EXPECT_TRUE(control.view->session().state().contacted);
     EXPECT_FALSE(control.eventLoop->ranDry);
 }
 
