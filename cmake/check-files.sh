@@ -1,9 +1,7 @@
 #!/usr/bin/env bash
-# check-files.sh BUILD : the rules that every file of the house keeps. Names each file that breaks one.
-# BUILD is the folder for the objects of the header check; CXX names the compiler.
+# check-files.sh : the rules that every file of the house keeps. Names each file that breaks one.
 set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-objects=$1/headers
 cd "$root" || exit 1
 rooms=(core codecs faces apps tests bench fuzz)
 status=0
@@ -53,28 +51,6 @@ checkDocuments() {
     done < <(grep -oE '`[A-Z][A-Za-z]+\.[A-Za-z*]+' docs/testing.md | tr -d '`')
 }
 
-# Each header compiles alone: it includes what it uses. As an object, so that the compiler cache serves it.
-# A header that its own source includes before anything else is proved by a build without precompiled headers
-# (preset asan). The control library's headers need its own system and are left to its own build.
-checkHeaders() {
-    local compile=("${CXX:-g++}" -std=c++20 -fPIC -w "-I$root") without=(faces/com tests/com apps/windows) header flags
-    command -v ccache >/dev/null && compile=(ccache "${compile[@]}")
-    if flags=$(pkg-config --cflags Qt6Widgets Qt6Network Qt6PrintSupport Qt6Test 2>/dev/null); then
-        read -r -a flags <<<"$flags"
-        compile+=("${flags[@]}")
-    else
-        without+=(faces/qt apps/pixmo tests/qt tests/soak bench/view)
-    fi
-    rm -rf "$objects"
-    mkdir -p "$objects"
-    while IFS= read -r header; do
-        grep -m1 '^#include' "${header%.h}.cpp" 2>/dev/null | grep -qF "\"$header\"" && continue
-        echo "#include \"$header\"" >"$objects/${header//\//_}.cpp"
-    done < <(find "${rooms[@]}" -name '*.h' | grep -v "${without[@]/#/-e^}")
-    (cd "$objects" && find . -name '*.cpp' -print0 | xargs -0 -r -P "$(nproc)" -I{} "${compile[@]}" -c {} -o {}.o) ||
-        bad "a header does not compile alone"
-}
-
 checkLengths
 checkScripts
 cmake -P cmake/PixmoChecks.cmake || status=1
@@ -82,5 +58,4 @@ cmake/check-faces.sh || status=1
 cmake/check-members.sh || status=1
 checkMarkers
 checkDocuments
-checkHeaders
 exit "$status"
