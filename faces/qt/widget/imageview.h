@@ -178,41 +178,41 @@ public:
 
     // The values of the properties above.
 
-    QString machineName() const;
-    QString userLogin() const;
-    short noR() const;
-    int printPageCount() const;
-    QString printPageSelection() const;
-    int docID() const;
-    short page() const;
-    short pageCount() const;
-    bool dfPrintAllPages() const;
-    vlPaperSize dfPrintPaperSize() const;
-    vlPageNumStyle printPageNumStyle() const;
-    bool thumbsAvailable() const;
-    bool printCancelJob() const;
-    short printCapFontSize() const;
-    bool printPageNums() const;
-    QString printImageDesc() const;
-    bool printCoverSheet() const;
-    QString printUserName() const;
-    QString printItemDesc() const;
-    QString printFee() const;
-    QString delimiter() const;
-    QString publicKey() const;
-    int encBytes() const;
-    QString printCaption() const;
-    QString engineAddress() const;
-    int fetchDelay() const;
-    int resizeDelay() const;
-    short borderStyle() const;
-    int minLogLevel() const;
-    QString logFileName() const;
-    bool bookmarkAvailable() const;
-    uint backColor() const;
-    uint foreColor() const;
-    bool isControlEnabled() const;
-    QFont controlFont() const;
+    QString machineName() const { return get<QString>("MachineName"); }
+    QString userLogin() const { return get<QString>("UserLogin"); }
+    short noR() const { return get<short>("NoR"); }
+    int printPageCount() const { return get<int>("PrintPageCount"); }
+    QString printPageSelection() const { return get<QString>("PrintPageSelection"); }
+    int docID() const { return get<int>("DocID"); }
+    short page() const { return get<short>("Page"); }
+    short pageCount() const { return get<short>("PageCount"); }
+    bool dfPrintAllPages() const { return get<bool>("DfPrintAllPages"); }
+    vlPaperSize dfPrintPaperSize() const { return get<vlPaperSize>("DfPrintPaperSize"); }
+    vlPageNumStyle printPageNumStyle() const { return get<vlPageNumStyle>("PrintPageNumStyle"); }
+    bool thumbsAvailable() const { return get<bool>("ThumbsAvailable"); }
+    bool printCancelJob() const { return get<bool>("PrintCancelJob"); }
+    short printCapFontSize() const { return get<short>("PrintCapFontSize"); }
+    bool printPageNums() const { return get<bool>("PrintPageNums"); }
+    QString printImageDesc() const { return get<QString>("PrintImageDesc"); }
+    bool printCoverSheet() const { return get<bool>("PrintCoverSheet"); }
+    QString printUserName() const { return get<QString>("PrintUserName"); }
+    QString printItemDesc() const { return get<QString>("PrintItemDesc"); }
+    QString printFee() const { return get<QString>("PrintFee"); }
+    QString delimiter() const { return get<QString>("Delimiter"); }
+    QString publicKey() const { return get<QString>("PublicKey"); }
+    int encBytes() const { return get<int>("EncBytes"); }
+    QString printCaption() const { return get<QString>("PrintCaption"); }
+    QString engineAddress() const { return get<QString>("EngineAddress"); }
+    int fetchDelay() const { return get<int>("FetchDelay"); }
+    int resizeDelay() const { return get<int>("ResizeDelay"); }
+    short borderStyle() const { return get<short>("BorderStyle"); }
+    int minLogLevel() const { return get<int>("MinLogLevel"); }
+    QString logFileName() const { return get<QString>("LogFileName"); }
+    bool bookmarkAvailable() const { return get<bool>("BookmarkAvailable"); }
+    uint backColor() const { return get<uint>("BackColor"); }
+    uint foreColor() const { return get<uint>("ForeColor"); }
+    bool isControlEnabled() const { return get<bool>("Enabled"); }
+    QFont controlFont() const { return get<QFont>("Font"); }
 
     /// Transfers go through the host's own access manager, which keeps belonging to the host; nullptr:
     /// through one that the widget makes. Transfers under way go on as they began.
@@ -247,36 +247,36 @@ public:
 
 public Q_SLOTS:
     // New values of the properties above.
-    void setNoR(short value);
-    void setDocID(int value);
-    void setPage(short value);
-    void setDfPrintAllPages(bool value);
-    void setDfPrintPaperSize(vlPaperSize value);
-    void setPrintPageNumStyle(vlPageNumStyle value);
-    void setThumbsAvailable(bool value);
-    void setPrintCancelJob(bool value);
-    void setPrintCapFontSize(short value);
-    void setPrintPageNums(bool value);
-    void setPrintImageDesc(const QString& value);
-    void setPrintCoverSheet(bool value);
-    void setPrintUserName(const QString& value);
-    void setPrintItemDesc(const QString& value);
-    void setPrintFee(const QString& value);
-    void setDelimiter(const QString& value);
-    void setPublicKey(const QString& value);
-    void setEncBytes(int value);
-    void setPrintCaption(const QString& value);
-    void setEngineAddress(const QString& value);
-    void setFetchDelay(int value);
-    void setResizeDelay(int value);
-    void setBorderStyle(short value);
-    void setMinLogLevel(int value);
-    void setLogFileName(const QString& value);
-    void setBookmarkAvailable(bool value);
-    void setBackColor(uint value);
-    void setForeColor(uint value);
-    void setControlEnabled(bool value);
-    void setControlFont(const QFont& value);
+    void setNoR(short value) { let("NoR", value); }
+    void setDocID(int value) { let("DocID", value); }
+    void setPage(short value) { let("Page", value); }
+    void setDfPrintAllPages(bool value) { let("DfPrintAllPages", value); }
+    void setDfPrintPaperSize(vlPaperSize value) { let("DfPrintPaperSize", value); }
+    void setPrintPageNumStyle(vlPageNumStyle value) { let("PrintPageNumStyle", value); }
+    void setThumbsAvailable(bool value) { let("ThumbsAvailable", value); }
+    void setPrintCancelJob(bool value) { let("PrintCancelJob", value); }
+    void setPrintCapFontSize(short value) { let("PrintCapFontSize", value); }
+    void setPrintPageNums(bool value) { let("PrintPageNums", value); }
+    void setPrintImageDesc(const QString& value) { let("PrintImageDesc", value); }
+    void setPrintCoverSheet(bool value) { let("PrintCoverSheet", value); }
+    void setPrintUserName(const QString& value) { let("PrintUserName", value); }
+    void setPrintItemDesc(const QString& value) { let("PrintItemDesc", value); }
+    void setPrintFee(const QString& value) { let("PrintFee", value); }
+    void setDelimiter(const QString& value) { let("Delimiter", value); }
+    void setPublicKey(const QString& value) { let("PublicKey", value); }
+    void setEncBytes(int value) { let("EncBytes", value); }
+    void setPrintCaption(const QString& value) { let("PrintCaption", value); }
+    void setEngineAddress(const QString& value) { let("EngineAddress", value); }
+    void setFetchDelay(int value) { let("FetchDelay", value); }
+    void setResizeDelay(int value) { let("ResizeDelay", value); }
+    void setBorderStyle(short value) { let("BorderStyle", value); }
+    void setMinLogLevel(int value) { let("MinLogLevel", value); }
+    void setLogFileName(const QString& value) { let("LogFileName", value); }
+    void setBookmarkAvailable(bool value) { let("BookmarkAvailable", value); }
+    void setBackColor(uint value) { let("BackColor", value); }
+    void setForeColor(uint value) { let("ForeColor", value); }
+    void setControlEnabled(bool value) { let("Enabled", value); }
+    void setControlFont(const QFont& value) { let("Font", value); }
 
     /// Repaints the control and the page.
     void Refresh();
@@ -371,6 +371,12 @@ protected:
 
 private:
     friend class ImageViewPrivate;
+
+    // Defined for the types that properties have.
+    template <typename Type>
+    Type get(const char* property) const;
+    template <typename Type>
+    void let(const char* property, const Type& value);
 
     std::unique_ptr<ImageViewPrivate> d_;
 };
