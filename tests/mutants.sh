@@ -59,9 +59,10 @@ locate() {
                 if (named && previous == ENVIRON["before"]) seen(1)
                 if (named) seen(2)
                 if (previous == ENVIRON["before"]) seen(3)
+                seen(4)
             }
             text != "" { previous = text }
-            END { for (how = 1; how <= 3; how++) if (count[how] == 1) { print place[how]; exit } }' {} +
+            END { for (how = 1; how <= 4; how++) if (count[how] == 1) { print place[how]; exit } }' {} +
     )
 }
 
