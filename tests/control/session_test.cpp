@@ -427,16 +427,6 @@ TEST_F(Session, ClearEndsTheWait) {
     expectNextLoadWorks();
 }
 
-TEST_F(Session, TheContactMayBeAnsweredBeforeTheRequestReturns) {
-    control.reader->onStart = [this](const AsyncRequest& request) {
-        if (request.PropertyName == "IC")
-            control.reader->finish("IC", control.encipher("IC\u00B7OK"));
-    };
-    control.view->LoadDocumentByDocID(5, 1);
-    EXPECT_TRUE(control.view->session().state().contacted);
-    EXPECT_FALSE(control.eventLoop->ranDry);
-}
-
 TEST_F(Session, ASecondLoadReplacesTheOneThatWaits) {
     control.eventLoop->post([this] {
         control.answerContactWith("IC\u00B7OK");
