@@ -135,11 +135,6 @@ TEST_F(PrintJobTest, TheShownPageIsFetchedAgainWithoutBeingShownAgain) {
     EXPECT_EQ(control.reader->requests.size(), 1U);
     EXPECT_THAT(seen, IsEmpty());
     EXPECT_TRUE(view().isPageDisplayed());
-    control.reader->onStart = {};
-    view().clearCache();
-    view().setProperty("Page", int16_t{2});
-    finishPage(2);
-    EXPECT_THAT(seen, ElementsAre(2)) << "the user asked for it";
 }
 
 TEST_F(PrintJobTest, APageOfTheJobThatTheUserGoesToIsShown) {

@@ -48,7 +48,7 @@ TEST_F(ThumbPainting, TellsTheStatesOfPagesApart) {
     tick();
     paint();
     int32_t waiting = 0;
-    for (int32_t page = 1; page <= 5; ++page) {
+    for (int16_t page = 1; page <= 5; ++page) {
         const bool loads = thumbs()->state(page) == ThumbState::Loading;
         waiting += loads ? 1 : 0;
         EXPECT_EQ(count(Colours.placeholder, cell(page)) > 10, loads) << "three dots on page " << page;
