@@ -22,7 +22,12 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     const pixmo::qt::EngineProcess sampleEngine;
     engine = &sampleEngine;
-    const std::unique_ptr<QThread> tests(QThread::create([] { QCoreApplication::exit(RUN_ALL_TESTS()); }));
+    // Told to the loop, as there may be nothing to run, and an end before the loop begins is no end.
+    const std::unique_ptr<QThread> tests(QThread::create([] {
+        const int result = RUN_ALL_TESTS();
+        QMetaObject::invokeMethod(
+            qApp, [result] { QCoreApplication::exit(result); }, Qt::QueuedConnection);
+    }));
     tests->start();
     const int result = QApplication::exec();
     tests->wait();

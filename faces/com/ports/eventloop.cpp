@@ -1,5 +1,7 @@
 #include "faces/com/ports/eventloop.h"
 
+#include "faces/com/base/messagetaker.h"
+
 namespace pixmo::com {
 
 namespace {
@@ -18,6 +20,8 @@ Handled handleNext() {
         PostQuitMessage(static_cast<int>(message.wParam));
         return Handled::Quit;
     }
+    if (auto* const taker = MessageTaker::of(message.hwnd); taker && taker->takes(message))
+        return Handled::Message;
     TranslateMessage(&message);
     DispatchMessageW(&message);
     return Handled::Message;

@@ -53,6 +53,7 @@ int ModalDialog::run(const SharedFaceLink& link) {
         wait();
         onClose();
         disabled.end();
+        attach(handle_, nullptr);
         SetWindowLongPtrW(handle_, DWLP_USER, 0);
         DestroyWindow(std::exchange(handle_, nullptr));
     }
@@ -68,6 +69,7 @@ bool ModalDialog::open(HWND owner) {
     }
     if (!handle_)
         return false;
+    attach(handle_, this);
     icons_.giveTo(handle_);
     centreOver(owner);
     ShowWindow(handle_, SW_SHOW);
@@ -84,14 +86,16 @@ void ModalDialog::wait() {
                 PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
-        const bool own = message.hwnd == handle_ || IsChild(handle_, message.hwnd);
-        if (own && message.message == WM_KEYDOWN && onKey(message))
-            continue;
-        if (IsDialogMessageW(handle_, &message))
+        if (takes(message))
             continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
+}
+
+bool ModalDialog::takes(MSG& message) {
+    const bool own = message.hwnd == handle_ || IsChild(handle_, message.hwnd);
+    return own && ((message.message == WM_KEYDOWN && onKey(message)) || IsDialogMessageW(handle_, &message));
 }
 
 void ModalDialog::close(int result) {

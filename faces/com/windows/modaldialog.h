@@ -1,6 +1,7 @@
 #pragma once
 
 #include "faces/com/base/facelink.h"
+#include "faces/com/base/messagetaker.h"
 #include "faces/com/windows/commoncontrols.h"
 #include "faces/com/windows/dialogtemplate.h"
 #include "faces/com/windows/programicon.h"
@@ -15,7 +16,7 @@ namespace pixmo::com {
 /// A modal window over the host's, of the system's own controls. A derived class adds them to layout() in its
 /// constructor and answers their messages. When the face ends while it stands, it is cancelled. Enter presses
 /// the default button, Escape is IDCANCEL, IDOK and IDCANCEL close it unless they are answered otherwise.
-class ModalDialog {
+class ModalDialog : private MessageTaker {
 public:
     ModalDialog(const ModalDialog&) = delete;
     ModalDialog& operator=(const ModalDialog&) = delete;
@@ -60,6 +61,7 @@ private:
     INT_PTR answer(UINT message, WPARAM wParam, LPARAM lParam);
     bool open(HWND owner);
     void wait();
+    bool takes(MSG& message) override;
     void centreOver(HWND owner) const;
 
     DialogTemplate layout_;
