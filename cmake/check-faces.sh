@@ -16,6 +16,7 @@ sources() {
 
 # FACE : each text, once, without what tells its characters' type. A single character is no text.
 texts() {
+    # shellcheck disable=SC2016 # awk's
     sources "$1" | xargs awk '
         /^[ \t]*#/ { next }
         {

@@ -21,8 +21,8 @@ TiffHandle TiffMemory::open(const char* mode, TiffMessages& messages) {
         throw std::bad_alloc();
     TIFFOpenOptionsSetErrorHandlerExtR(options.get(), TiffMessages::onError, &messages);
     TIFFOpenOptionsSetWarningHandlerExtR(options.get(), TiffMessages::onWarning, &messages);
-    return TiffHandle(
-        TIFFClientOpenExt("page", mode, this, read, write, seek, close, size, nullptr, nullptr, options.get()));
+    return TiffHandle(TIFFClientOpenExt("page", mode, this, read, write, seek, close, size, nullptr, nullptr,
+                                        options.get()));
 }
 
 tmsize_t TiffMemory::read(thandle_t handle, void* to, tmsize_t count) {
