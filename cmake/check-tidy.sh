@@ -15,7 +15,7 @@ tidy() {
     shift 2
     here=$(sed 's/[^A-Za-z0-9_/-]/\\&/g' <<<"$root")
     run-clang-tidy-14 -quiet -p "$build" -j "$(nproc)" -extra-arg=-Wno-unknown-warning-option "$@" \
-        "^$here/($rooms)/" >>"$report" 2>&1 || status=1
+        "^$here/($rooms)/.*\\.cpp\$" >>"$report" 2>&1 || status=1
 }
 
 # The folders of the standard library that the Windows compiler uses.

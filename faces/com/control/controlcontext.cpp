@@ -164,7 +164,7 @@ void ControlContext::ambientChanged(DISPID id) {
 
 void ControlContext::pictureChanged() {
     if (const auto data = knownAs<IDataObject>())
-        observers_.pictureChanged(*data.get());
+        observers_.pictureChanged(*data);
 }
 
 void ControlContext::letFont(const Font& font) {

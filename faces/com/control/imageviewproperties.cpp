@@ -25,7 +25,7 @@ HRESULT ImageViewProperties::putFont(IFontDisp* value) {
         if (!font)
             throw typeMismatchError();
         context_.fontLink().adopt(ComPtr<IFontDisp>(value));
-        context_.letFont(fontOf(*font.get()));
+        context_.letFont(fontOf(*font));
     });
 }
 
