@@ -43,7 +43,7 @@ int32_t numberArgument(const Arguments& arguments, size_t at) {
 ComPtr<IUnknown> objectArgument(const Arguments& arguments, size_t at) {
     Variant value;
     com::check(value.assignFrom(&argument(arguments, at)));
-    if (const auto object = value.object())
+    if (auto object = value.object())
         return object;
     throw Error(424, "Object required");
 }
