@@ -15,6 +15,7 @@
 #include <QAbstractButton>
 #include <QFileInfo>
 #include <QSettings>
+#include <QThread>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -108,16 +109,21 @@ TEST(QtTimers, MayEndInTheirCallback) {
     EXPECT_EQ(fired, 1);
 }
 
+// In a thread of its own, for the interface's is woken by whatever happens on the screen.
 TEST(QtEventLoop, SleepsUntilTheEventThatItWaitsFor) {
     bool done = false;
-    QTimer::singleShot(200, [&] { done = true; });
     int looks = 0;
-    EventLoop().pumpUntil([&] {
-        ++looks;
-        return done;
-    });
+    const std::unique_ptr<QThread> waiting(QThread::create([&] {
+        QTimer::singleShot(200, [&] { done = true; });
+        EventLoop().pumpUntil([&] {
+            ++looks;
+            return done;
+        });
+    }));
+    waiting->start();
+    waiting->wait();
     EXPECT_TRUE(done);
-    EXPECT_LT(looks, 100) << "it spins";
+    EXPECT_LT(looks, 20) << "it spins";
 }
 
 TEST(QtEventLoop, EndsWithTheProgram) {
