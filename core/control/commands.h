@@ -3,10 +3,16 @@
 #include "core/base/event.h"
 #include "core/control/commandbar.h"
 #include "core/control/commandtable.h"
-#include "core/control/controlparts.h"
+#include "core/control/controlinterface.h"
 #include "core/control/debugtrace.h"
+#include "core/control/diagnostics.h"
+#include "core/control/dialogcommands.h"
 #include "core/control/session.h"
 #include "core/control/transfers.h"
+#include "core/imaging/cleadimagefunctions.h"
+#include "core/imaging/rasterview.h"
+#include "core/platform/container.h"
+#include "core/platform/viewsurface.h"
 
 #include <cstdint>
 #include <functional>
@@ -28,8 +34,18 @@ struct MenuChecks {
 /// All that a user can tell the control to do.
 class Commands {
 public:
-    Commands(ControlParts& parts, Session& session, Transfers& transfers, CommandBar& commandBar,
-             DebugTrace& debug);
+    /// What they work with beside the session; all of it outlives them.
+    struct Uses {
+        ControlInterface& ui;
+        CommandBar& commandBar;
+        DebugTrace& debug;
+        RasterView& lvrImage;
+        cLeadImageFunctions& leadImageHelp;
+        DialogCommands& dialogs;
+        const Container& container;
+        const ViewSurface& viewSurface;
+    };
+    Commands(Diagnostics& diagnostics, Session& session, Transfers& transfers, Uses uses);
 
     /// Asked to forbid a command, all ways to give it vanish.
     void setForbidden(std::string_view key, bool forbidden);
@@ -71,34 +87,28 @@ public:
     void turnTo(int32_t page);
     void turnBy(int32_t pages) { turnTo(session_.state().currentPage + pages); }
     void turnToLast() { turnTo(session_.state().pageCount); }
-    void imgPageGoto();
     void selectionMode();
-    bool isPanning() const { return parts_.lvrImage.dragMode; }
+    bool isPanning() const { return uses_.lvrImage.dragMode; }
     void cancel();
     void requestBookmark() { session_.requestBookmark(); }
-    void copyPage();
-    void savePage();
-    void imageInfo();
-    void about();
     void buttonCaptions();
     void setLargeButtons(bool large);
     void toggleDebug();
     void tellDebugging(const char* keys);
-    void showLog();
     void clearDebug();
+    DialogCommands& dialogs() { return uses_.dialogs; }
     /// The view's own commands: zoom, fit, turn.
-    cLeadImageFunctions& picture() { return parts_.leadImageHelp; }
+    cLeadImageFunctions& picture() { return uses_.leadImageHelp; }
 
 private:
     bool isGiven(const CommandRow& row, int16_t keyCode, int16_t shift) const;
     const CommandRow* commandOf(int16_t keyCode, int16_t shift) const;
     void scroll(const ScrollKey& key);
 
-    ControlParts& parts_;
+    Diagnostics& diagnostics_;
     Session& session_;
     Transfers& transfers_;
-    CommandBar& commandBar_;
-    DebugTrace& debug_;
+    Uses uses_;
     std::set<std::string, std::less<>> forbidden_;
 };
 

@@ -32,26 +32,37 @@ std::shared_ptr<ImageView> ImageView::create(ControlPorts ports) {
 }
 
 ImageView::ImageView(ControlPorts ports)
-    : parts_(std::move(ports)), utilities_(parts_.ports.identity.get()), packager2_(parts_.errors),
-      transfers_(
-          parts_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); },
-          [this](const AsyncProperty& record) { responses_.ProcessServerResponse(record); }),
-      session_(parts_, packager2_, transfers_,
-               [this](const std::string& address) { setProperty("EngineAddress", address); }),
-      responses_(parts_, packager2_, session_, transfers_,
+    : ports_(std::move(ports)), diagnostics_(*ports_.messageBox, *ports_.clock),
+      lvrImage_(*ports_.viewSurface), leadImageHelp_(diagnostics_.errors, lvrImage_, *ports_.decoder),
+      display_(lvrImage_, leadImageHelp_), utilities_(ports_.identity.get()), packager2_(diagnostics_.errors),
+      transfers_(diagnostics_,
+                 {*this, *ports_.reader, *ports_.scratch, *ports_.container, [this] { return held(); },
+                  [this](const AsyncProperty& record) { responses_.ProcessServerResponse(record); }}),
+      session_(diagnostics_, packager2_, transfers_,
+               {*this, properties_, events_, display_, *ports_.eventLoop, *ports_.container,
+                [this](const std::string& address) { setProperty("EngineAddress", address); }}),
+      responses_(diagnostics_, properties_, packager2_, session_, transfers_,
                  [this](const std::string& name, const std::string& value) { setProperty(name, value); }),
-      commandBar_(utilities_), commands_(parts_, session_, transfers_, commandBar_, debug_),
-      mouse_(parts_.lvrImage, parts_.leadImageHelp, *parts_.ports.viewSurface, session_,
-             [this] { UpdateUI(); }),
-      thumbnails_(
-          parts_, session_, transfers_, [this] { return std::shared_ptr<void>(weak_from_this().lock()); },
-          [this] { return commands_.canPrint && !commands_.isForbidden("PRINT"); }),
-      printJob_(parts_, session_, commands_) {
-    utilities_.setERRR(&parts_.errors);
-    parts_.updateUI = [this] { UpdateUI(); };
-    parts_.leadImageHelp.DebugPrint.connect([this](const std::string& line) { trace(line); });
+      commandBar_(utilities_),
+      dialogCommands_(diagnostics_, {session_, lvrImage_, *ports_.dialogs, *ports_.clipboard,
+                                     *ports_.pageWriter, *ports_.settings}),
+      commands_(diagnostics_, session_, transfers_,
+                {*this, commandBar_, debug_, lvrImage_, leadImageHelp_, dialogCommands_, *ports_.container,
+                 *ports_.viewSurface}),
+      mouse_(lvrImage_, leadImageHelp_, *ports_.viewSurface, session_, [this] { UpdateUI(); }),
+      thumbnails_(diagnostics_, session_, transfers_,
+                  {ports_.thumbnailHost.get(), *ports_.timers, *ports_.settings, leadImageHelp_,
+                   [this] { return held(); },
+                   [this] { return commands_.canPrint && !commands_.isForbidden("PRINT"); }}),
+      printPages_(diagnostics_, {session_, *ports_.eventLoop, properties_, lvrImage_, leadImageHelp_}),
+      printJob_(diagnostics_, session_, printPages_,
+                {*this, properties_, events_, ports_.printers.get(), *ports_.dialogs, *ports_.settings,
+                 *ports_.timers, *ports_.clock}) {
+    utilities_.setERRR(&diagnostics_.errors);
+    leadImageHelp_.DebugPrint.connect([this](const std::string& line) { trace(line); });
     commands_.ToolbarStyleChanged.connect([this] { UpdateUI(); });
-    commands_.canShowThumbs = parts_.ports.thumbnailHost != nullptr;
+    commands_.canShowThumbs = ports_.thumbnailHost != nullptr;
+    commands_.canPrint = ports_.printers != nullptr;
     commands_.ThumbnailsRequested.connect([this] { thumbnails_.ShowThumbNails(); });
     mouse_.Clicked.connect([this] { UserControl_Click(); });
     connectPrinting();
@@ -76,25 +87,30 @@ void ImageView::connectPrinting() {
 }
 
 ImageView::~ImageView() {
-    parts_.scope->ended = true;
-    parts_.ports.reader->setListener(nullptr);
+    diagnostics_.end();
+    ports_.reader->setListener(nullptr);
 }
 
 void ImageView::UserControl_Initialize() {
     trace("UserControl_Initialize Fired.");
     session_.setDelayTimer(timer(&ImageView::tmrDelay_Timer));
     tmrResizeDelay_ = timer(&ImageView::tmrResizeDelay_Timer);
-    parts_.ports.reader->setListener(&transfers_);
+    ports_.reader->setListener(&transfers_);
     for (const PropertyRow& row : persistedProperties())
         row.let(*this, row.defaultValue);
 }
 
 std::unique_ptr<Timer> ImageView::timer(void (ImageView::*fired)()) {
-    return parts_.ports.timers->createTimer([weak = weak_from_this(), fired] {
+    return ports_.timers->createTimer([weak = weak_from_this(), fired] {
         const auto self = weak.lock();
-        if (self && !self->parts_.ended())
+        if (self && !self->diagnostics_.ended())
             (self.get()->*fired)();
     });
+}
+
+/// Keeps the control while something runs that may make the host let go of it.
+std::shared_ptr<void> ImageView::held() {
+    return weak_from_this().lock();
 }
 
 void ImageView::trace(const std::string& line) {
@@ -102,7 +118,7 @@ void ImageView::trace(const std::string& line) {
 }
 
 void ImageView::UserControl_InitProperties() {
-    parts_.procedure("UserControl_InitProperties")
+    diagnostics_.procedure("UserControl_InitProperties")
         .step([this] { trace("UserControl_InitProperties Fired."); })
         .step([this] {
             for (const PropertyRow& row : persistedProperties())
@@ -114,7 +130,7 @@ void ImageView::UserControl_InitProperties() {
 }
 
 void ImageView::UserControl_ReadProperties(const PropertyBag& bag) {
-    parts_.procedure("UserControl_ReadProperties")
+    diagnostics_.procedure("UserControl_ReadProperties")
         .step([this] { trace("UserControl_ReadProperties Fired."); })
         .step([&] {
             const auto rows = persistedProperties();
@@ -124,7 +140,7 @@ void ImageView::UserControl_ReadProperties(const PropertyBag& bag) {
         .step([this] { readIdentity(); })
         .step([this] { readUserSettings(); })
         .step([&] {
-            if (parts_.log.IsLogging())
+            if (diagnostics_.log.IsLogging())
                 readProperty(bag, persistedProperties().back());
         })
         .step([this] { completeStart(); });
@@ -141,7 +157,7 @@ void ImageView::readProperty(const PropertyBag& bag, const PropertyRow& row) {
 }
 
 void ImageView::UserControl_WriteProperties(PropertyBag& bag) {
-    parts_.procedure("UserControl_WriteProperties")
+    diagnostics_.procedure("UserControl_WriteProperties")
         .step([this] { trace("UserControl_WriteProperties Fired."); })
         .step([&] {
             for (const PropertyRow& row : persistedProperties())
@@ -150,14 +166,13 @@ void ImageView::UserControl_WriteProperties(PropertyBag& bag) {
 }
 
 void ImageView::readIdentity() {
-    parts_.properties.UserLogin = utilities_.GetNTLogin();
-    parts_.properties.MachineName = utilities_.GetWorkstationID();
+    properties_.UserLogin = utilities_.GetNTLogin();
+    properties_.MachineName = utilities_.GetWorkstationID();
 }
 
 void ImageView::readUserSettings() {
     const auto flag = [this](const setting::Setting& which) {
-        const std::string text =
-            parts_.ports.settings->GetSetting(which.section, which.key, which.defaultValue);
+        const std::string text = ports_.settings->GetSetting(which.section, which.key, which.defaultValue);
         try {
             return toBoolean(text);
         } catch (const Error&) {
@@ -173,7 +188,7 @@ void ImageView::readUserSettings() {
 
 void ImageView::writeUserSettings() {
     const auto save = [this](const setting::Setting& which, bool flag) {
-        parts_.ports.settings->SaveSetting(which.section, which.key, flagText(flag));
+        ports_.settings->SaveSetting(which.section, which.key, flagText(flag));
     };
     const MenuChecks& checks = commands_.checks;
     save(setting::ButtonCaptions, checks.mnuPopup1ButtonCaptions);
@@ -184,7 +199,7 @@ void ImageView::writeUserSettings() {
 /// What a new control and a stored one have in common.
 void ImageView::completeStart() {
     savedGrayScale_ = NoGrayScaleSaved;
-    parts_.leadImageHelp.imgFitWidth();
+    leadImageHelp_.imgFitWidth();
     rebuildToolbar();
     commands_.panMode();
     session_.Clear();
@@ -192,52 +207,52 @@ void ImageView::completeStart() {
 
 void ImageView::UserControl_Terminate() {
     const auto self = shared_from_this();
-    if (parts_.ended())
+    if (diagnostics_.ended())
         return;
-    parts_.procedure("UserControl_Terminate")
+    diagnostics_.procedure("UserControl_Terminate")
         .step([this] { trace("UserControl_Terminate Fired."); })
         .step([this] { writeUserSettings(); })
         .step([this] { thumbnails_.close(); })
         .step([this] { transfers_.CancelDownloads(); })
         .step([this] { session_.Clear(); });
-    parts_.scope->ended = true;
+    diagnostics_.end();
     session_.tmrDelay().stop();
     tmrResizeDelay_->stop();
 }
 
 void ImageView::UserControl_AmbientChanged(const std::string& propertyName) {
-    parts_.procedure("UserControl_AmbientChanged")
+    diagnostics_.procedure("UserControl_AmbientChanged")
         .step([&] { trace("UserControl_AmbientChanged Fired for '" + propertyName + "'"); })
         .step([&] {
             if (upperCase(propertyName) == "BACKCOLOR")
-                setProperty("BackColor", parts_.ports.container->ambientBackColor());
+                setProperty("BackColor", ports_.container->ambientBackColor());
         });
 }
 
 void ImageView::UserControl_Click() {
-    parts_.procedure("UserControl_Click").step([this] { parts_.events.Click.raise(); });
+    diagnostics_.procedure("UserControl_Click").step([this] { events_.Click.raise(); });
 }
 
 void ImageView::UserControl_DblClick() {
-    parts_.procedure("UserControl_DblClick").step([this] { parts_.events.DblClick.raise(); });
+    diagnostics_.procedure("UserControl_DblClick").step([this] { events_.DblClick.raise(); });
 }
 
 void ImageView::UserControl_KeyPress(int16_t& keyAscii) {
-    parts_.procedure("UserControl_KeyPress").step([&] { parts_.events.KeyPress.raise(keyAscii); });
+    diagnostics_.procedure("UserControl_KeyPress").step([&] { events_.KeyPress.raise(keyAscii); });
 }
 
 void ImageView::UserControl_KeyUp(int16_t& keyCode, int16_t& shift) {
-    parts_.procedure("UserControl_KeyUp").step([&] { parts_.events.KeyUp.raise(keyCode, shift); });
+    diagnostics_.procedure("UserControl_KeyUp").step([&] { events_.KeyUp.raise(keyCode, shift); });
 }
 
 void ImageView::UserControl_Resize() {
-    parts_.procedure("UserControl_Resize")
-        .step([this] { parts_.lvrImage.resize(); })
+    diagnostics_.procedure("UserControl_Resize")
+        .step([this] { lvrImage_.resize(); })
         .step([this] {
             if (savedGrayScale_ != NoGrayScaleSaved)
                 return;
-            savedGrayScale_ = parts_.lvrImage.GrayScale() ? 1 : 0;
-            parts_.lvrImage.setGrayScale(false);
+            savedGrayScale_ = lvrImage_.GrayScale() ? 1 : 0;
+            lvrImage_.setGrayScale(false);
         })
         .step([this] {
             tmrResizeDelay_->stop();
@@ -246,9 +261,9 @@ void ImageView::UserControl_Resize() {
 }
 
 void ImageView::tmrResizeDelay_Timer() {
-    parts_.procedure("tmrResizeDelay_Timer").step([this] {
+    diagnostics_.procedure("tmrResizeDelay_Timer").step([this] {
         tmrResizeDelay_->stop();
-        parts_.lvrImage.setGrayScale(savedGrayScale_ != 0);
+        lvrImage_.setGrayScale(savedGrayScale_ != 0);
         savedGrayScale_ = NoGrayScaleSaved;
     });
 }
@@ -270,19 +285,18 @@ void ImageView::setProperty(std::string_view name, const PropertyValue& value) {
 }
 
 bool ImageView::trySetProperty(std::string_view name, const PropertyValue& value) {
-    const std::string source = parts_.scope->sourcePrefix + std::string(name);
-    return parts_.errors.attempt(source.c_str(), [&] { setProperty(name, value); }) == 0;
+    return diagnostics_.attempt(name, [&] { setProperty(name, value); });
 }
 
 void ImageView::letProperty(const PropertyRow& row, const PropertyValue& value) {
     const auto self = weak_from_this().lock();
-    if (row.let(*this, value) && row.announcedAs && !parts_.ended())
-        parts_.ports.container->PropertyChanged(row.announcedAs);
+    if (row.let(*this, value) && row.announcedAs && !diagnostics_.ended())
+        ports_.container->PropertyChanged(row.announcedAs);
 }
 
 void ImageView::Refresh() {
-    parts_.procedure("Refresh").step([this] {
-        parts_.lvrImage.repaint();
+    diagnostics_.procedure("Refresh").step([this] {
+        lvrImage_.repaint();
         UpdateUI();
     });
 }
@@ -302,11 +316,11 @@ void ImageView::LoadDocumentByDocID(int32_t DocID, int16_t PageNum) {
 
 void ImageView::GetLastError(int32_t& Number, std::string& Source, std::string& Description,
                              std::string& HelpFile, int32_t& HelpContext) const {
-    Number = parts_.errors.Number();
-    Source = parts_.errors.Source();
-    Description = parts_.errors.Description();
-    HelpFile = parts_.errors.HelpFile();
-    HelpContext = parts_.errors.HelpContext();
+    Number = diagnostics_.errors.Number();
+    Source = diagnostics_.errors.Source();
+    Description = diagnostics_.errors.Description();
+    HelpFile = diagnostics_.errors.HelpFile();
+    HelpContext = diagnostics_.errors.HelpContext();
 }
 
 void ImageView::requestBookmark() {

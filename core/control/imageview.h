@@ -3,11 +3,17 @@
 #include "core/base/event.h"
 #include "core/control/commandbar.h"
 #include "core/control/commands.h"
-#include "core/control/controlparts.h"
+#include "core/control/controlevents.h"
+#include "core/control/controlinterface.h"
+#include "core/control/controlports.h"
 #include "core/control/debugtrace.h"
+#include "core/control/diagnostics.h"
+#include "core/control/dialogcommands.h"
 #include "core/control/layout.h"
 #include "core/control/menus.h"
+#include "core/control/pagedisplay.h"
 #include "core/control/printjob.h"
+#include "core/control/printpages.h"
 #include "core/control/propertytable.h"
 #include "core/control/responses.h"
 #include "core/control/session.h"
@@ -28,11 +34,11 @@ namespace pixmo {
 ///
 /// Whoever calls it holds a reference during the call: the call may bring about the end of the face.
 /// Methods do not throw; setProperty does.
-class ImageView : public std::enable_shared_from_this<ImageView> {
+class ImageView : public std::enable_shared_from_this<ImageView>, private ControlInterface {
 public:
     /// Made and initialised; then either InitProperties or ReadProperties completes it.
     static std::shared_ptr<ImageView> create(ControlPorts ports);
-    ~ImageView();
+    ~ImageView() override;
     ImageView(const ImageView&) = delete;
     ImageView& operator=(const ImageView&) = delete;
 
@@ -82,15 +88,14 @@ public:
     Thumbnails& thumbnails() { return thumbnails_; }
     PrintJob& printJob() { return printJob_; }
 
-    ControlEvents& events() { return parts_.events; }
+    ControlEvents& events() { return events_; }
     /// Something that a face draws beside the page has changed: toolbar, read-out, status, pointer.
     Event<> InterfaceChanged;
 
-    RasterView& lvrImage() { return parts_.lvrImage; }
+    RasterView& lvrImage() { return lvrImage_; }
     const Toolbar& tlbImage() const { return commandBar_.tlbImage(); }
     const MenuChecks& menuChecks() const { return commands_.checks; }
     const DebugTrace& txtDebug() const { return debug_; }
-    Pointer mousePointer() const { return parts_.mousePointer; }
     /// "Page 3 of 12"
     std::string txtPage() const;
     /// What goes on now, for the status line; "" when nothing does.
@@ -111,8 +116,11 @@ public:
     /// Nothing is pending: no transfer, no delayed fetch, no delayed repaint.
     bool isIdle() const;
 
-    ControlParts& parts() { return parts_; }
-    const ControlParts& parts() const { return parts_; }
+    PropertyValues& properties() { return properties_; }
+    const PropertyValues& properties() const { return properties_; }
+    cLogEvent& log() { return diagnostics_.log; }
+    const cLogEvent& log() const { return diagnostics_.log; }
+    const ControlPorts& ports() const { return ports_; }
     Transfers& transfers() { return transfers_; }
     Session& session() { return session_; }
     const Session& session() const { return session_; }
@@ -125,6 +133,7 @@ private:
     void UserControl_Initialize();
     void connectPrinting();
     std::unique_ptr<Timer> timer(void (ImageView::*fired)());
+    std::shared_ptr<void> held();
     void trace(const std::string& line);
     void readIdentity();
     void readUserSettings();
@@ -132,13 +141,20 @@ private:
     void completeStart();
     void readProperty(const PropertyBag& bag, const PropertyRow& row);
     void letProperty(const PropertyRow& row, const PropertyValue& value);
-    void UpdateUI();
+    void UpdateUI() override;
+    void showPointer(Pointer pointer) override;
     void tmrDelay_Timer() { session_.tmrDelay_Timer(); }
     void tmrResizeDelay_Timer();
 
     static constexpr int32_t NoGrayScaleSaved = -1;
 
-    ControlParts parts_;
+    const ControlPorts ports_;
+    Diagnostics diagnostics_;
+    RasterView lvrImage_;
+    cLeadImageFunctions leadImageHelp_;
+    PageDisplay display_;
+    PropertyValues properties_;
+    ControlEvents events_;
     cUtilities utilities_;
     cClientHandlers packager2_;
     Transfers transfers_;
@@ -146,9 +162,11 @@ private:
     Responses responses_;
     CommandBar commandBar_;
     DebugTrace debug_;
+    DialogCommands dialogCommands_;
     Commands commands_;
     ViewMouse mouse_;
     Thumbnails thumbnails_;
+    PrintPages printPages_;
     PrintJob printJob_;
     std::unique_ptr<Timer> tmrResizeDelay_;
     int32_t savedGrayScale_ = NoGrayScaleSaved;

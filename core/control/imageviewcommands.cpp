@@ -19,26 +19,30 @@ std::string kilobytes(int32_t bytes) {
 } // namespace
 
 void ImageView::rebuildToolbar() {
-    parts_.procedure("tlbImage_Init").step([this] {
-        commandBar_.tlbImage_Init(parts_.properties.ThumbsAvailable, parts_.properties.BookmarkAvailable);
-        commandBar_.press(parts_.lvrImage.dragMode ? "PAN" : "SELECTION");
+    diagnostics_.procedure("tlbImage_Init").step([this] {
+        commandBar_.tlbImage_Init(properties_.ThumbsAvailable, properties_.BookmarkAvailable);
+        commandBar_.press(lvrImage_.dragMode ? "PAN" : "SELECTION");
     });
     commands_.tlbImage_SetStyle();
 }
 
 void ImageView::UpdateUI() {
-    parts_.procedure("UpdateUI").step([this] {
+    diagnostics_.procedure("UpdateUI").step([this] {
         if (!mouse_.isDragging())
-            parts_.showPointer(transfers_.isAnyPending() ? Pointer::ArrowHourglass : Pointer::Default);
+            showPointer(transfers_.isAnyPending() ? Pointer::ArrowHourglass : Pointer::Default);
         commands_.refreshToolbar();
         thumbnails_.follow();
         InterfaceChanged.raise();
     });
 }
 
+void ImageView::showPointer(Pointer pointer) {
+    lvrImage_.setPointer(static_cast<int32_t>(pointer));
+}
+
 void ImageView::tlbImage_ButtonClick(std::string_view key) {
     const auto self = shared_from_this();
-    parts_.procedure("tlbImage_ButtonClick").step([&] {
+    diagnostics_.procedure("tlbImage_ButtonClick").step([&] {
         if (const ToolButton* button = commandBar_.tlbImage().find(key))
             commands_.tlbImage_ButtonClick(ToolButton(*button));
     });
@@ -46,16 +50,16 @@ void ImageView::tlbImage_ButtonClick(std::string_view key) {
 
 void ImageView::runCommand(std::string_view key) {
     const auto self = shared_from_this();
-    if (!parts_.ended())
+    if (!diagnostics_.ended())
         commands_.run(key);
 }
 
 std::vector<MenuItem> ImageView::tlbImage_MouseDown() const {
-    return parts_.ports.container->userMode() ? toolbarMenu(commands_) : std::vector<MenuItem>();
+    return ports_.container->userMode() ? toolbarMenu(commands_) : std::vector<MenuItem>();
 }
 
 std::vector<MenuItem> ImageView::lvrImage_RightClick() const {
-    return parts_.ports.container->userMode() ? imageMenu(commands_) : std::vector<MenuItem>();
+    return ports_.container->userMode() ? imageMenu(commands_) : std::vector<MenuItem>();
 }
 
 bool ImageView::UserControl_KeyDown(int16_t& keyCode, int16_t& shift) {
@@ -63,16 +67,16 @@ bool ImageView::UserControl_KeyDown(int16_t& keyCode, int16_t& shift) {
     bool handled = false;
     if (keyCode == key::Escape)
         mouse_.cancelDrag();
-    parts_.procedure("UserControl_KeyDown")
-        .step([this] { return parts_.ports.container->userMode() ? Flow::GoOn : Flow::Leave; })
+    diagnostics_.procedure("UserControl_KeyDown")
+        .step([this] { return ports_.container->userMode() ? Flow::GoOn : Flow::Leave; })
         .step([&] { trace("UserControl_KeyDown " + std::to_string(keyCode) + " " + std::to_string(shift)); })
         .step([&] { handled = commands_.lvwImage_KeyDown(keyCode, shift); })
-        .step([&] { parts_.events.KeyDown.raise(keyCode, shift); });
+        .step([&] { events_.KeyDown.raise(keyCode, shift); });
     return handled;
 }
 
 std::string ImageView::zoomText() const {
-    return isPageDisplayed() ? std::to_string(std::lround(parts_.lvrImage.zoom())) + " %" : std::string();
+    return isPageDisplayed() ? std::to_string(std::lround(lvrImage_.zoom())) + " %" : std::string();
 }
 
 std::string ImageView::viewDescription() const {

@@ -44,7 +44,7 @@ bool Commands::isKey(int16_t keyCode, int16_t shift) const {
 bool Commands::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
     if (!isKey(keyCode, shift))
         return false;
-    parts_.procedure("lvwImage_KeyDown").step([&] {
+    diagnostics_.procedure("lvwImage_KeyDown").step([&] {
         const CommandRow* row = commandOf(keyCode, shift);
         if (!row)
             scroll(*scrollKey(keyCode, shift));
@@ -57,15 +57,14 @@ bool Commands::lvwImage_KeyDown(int16_t keyCode, int16_t shift) {
 }
 
 void Commands::scroll(const ScrollKey& key) {
-    RasterView& view = parts_.lvrImage;
+    RasterView& view = uses_.lvrImage;
     if (key.toEdge) {
         const int32_t to = key.x > 0 || key.y > 0 ? std::numeric_limits<int32_t>::max() : 0;
         view.scrollTo(key.x != 0 ? to : view.horizontalBar().position,
                       key.y != 0 ? to : view.verticalBar().position);
         return;
     }
-    const auto step =
-        static_cast<int32_t>(std::lround(ScrollStep * parts_.ports.viewSurface->devicePixelRatio()));
+    const auto step = static_cast<int32_t>(std::lround(ScrollStep * uses_.viewSurface.devicePixelRatio()));
     view.scrollBy(key.x * step, key.y * step);
 }
 

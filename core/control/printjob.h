@@ -1,15 +1,22 @@
 #pragma once
 
-#include "core/control/commands.h"
-#include "core/control/controlparts.h"
+#include "core/control/controlevents.h"
+#include "core/control/controlinterface.h"
+#include "core/control/diagnostics.h"
+#include "core/control/printpages.h"
+#include "core/control/propertyvalues.h"
 #include "core/control/session.h"
+#include "core/platform/clock.h"
+#include "core/platform/dialogs.h"
+#include "core/platform/printers.h"
+#include "core/platform/settingsstore.h"
+#include "core/platform/timer.h"
 #include "core/printing/cprinter.h"
 #include "core/printing/printclient.h"
 #include "core/printing/printrequest.h"
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +35,18 @@ struct PrintingState {
 /// at a time; a second one that is asked for while one runs, or while the user is asked, is ignored.
 class PrintJob : private PrintClient {
 public:
-    PrintJob(ControlParts& parts, Session& session, Commands& commands);
+    /// What it works with beside session and pages; all of it outlives the job.
+    struct Uses {
+        ControlInterface& ui;
+        PropertyValues& properties;
+        ControlEvents& events;
+        Printers* printers; ///< nullptr: nothing can be printed
+        Dialogs& dialogs;
+        SettingsStore& settings;
+        TimerFactory& timers;
+        const Clock& clock;
+    };
+    PrintJob(Diagnostics& diagnostics, Session& session, PrintPages& pages, Uses uses);
     ~PrintJob() override;
     PrintJob(const PrintJob&) = delete;
     PrintJob& operator=(const PrintJob&) = delete;
@@ -57,18 +75,14 @@ public:
 private:
     Raster printedPage(int16_t page) override;
     void printStatus(const std::string& text, int32_t percent) override;
-    void printProgress(const std::string& record) override { parts_.logLine(record); }
+    void printProgress(const std::string& record) override { diagnostics_.logLine(record); }
     bool printGoesOn() override;
 
     void fillDialog(dlgPrint& dialog);
     Choice askUser();
     void begin(const Choice& choice);
-    Raster currentView(const Choice& choice) const;
     void BeginPrintJob(const Choice& choice);
     Flow CachePages(const std::vector<int16_t>& pages);
-    void fetchAhead(const std::vector<int16_t>& pages, size_t first);
-    bool awaitPage(int16_t page);
-    bool isPageAwaited(int16_t page) const;
     Flow askHost();
     PrintRequest requestOf(const Choice& choice);
     std::vector<std::string> pageNumbers(const std::vector<int16_t>& pages) const;
@@ -76,19 +90,14 @@ private:
     Flow showDebugInfo();
     void report(const PrintResult& result);
     void showPreview(const Choice& choice);
-    Raster loadPage(int16_t page);
-    bool isCurrent() const;
 
-    ControlParts& parts_;
+    Diagnostics& diagnostics_;
     Session& session_;
+    PrintPages& pages_;
+    Uses uses_;
     PrintingState state_;
     std::unique_ptr<cPrinter> printer_;
-    int32_t document_ = 0; ///< whose pages are printed
-    bool asking_ = false;  ///< the dialog is shown
-    /// What the view showed when the job was given, where only that is printed. Empty: it showed another
-    /// page.
-    std::optional<Raster> view_;
-    bool cancelled_ = false;
+    bool asking_ = false; ///< the dialog is shown
     int32_t pagesQueued_ = 0;
 };
 

@@ -19,12 +19,12 @@ using MemberType = std::remove_cvref_t<decltype(std::declval<PropertyValues>().*
 
 template <auto Member>
 PropertyValue getMember(const ImageView& view) {
-    return view.parts().properties.*Member;
+    return view.properties().*Member;
 }
 
 template <auto Member>
 bool letMember(ImageView& view, const PropertyValue& value) {
-    view.parts().properties.*Member = std::get<MemberType<Member>>(value);
+    view.properties().*Member = std::get<MemberType<Member>>(value);
     return true;
 }
 
@@ -42,7 +42,7 @@ PropertyRow readOnly(const char* name) {
 /// A property that rebuilds the toolbar when it changes.
 template <auto Member>
 bool letAvailable(ImageView& view, const PropertyValue& value) {
-    if (view.parts().properties.*Member == std::get<bool>(value))
+    if (view.properties().*Member == std::get<bool>(value))
         return false;
     letMember<Member>(view, value);
     view.rebuildToolbar();
@@ -50,7 +50,7 @@ bool letAvailable(ImageView& view, const PropertyValue& value) {
 }
 
 bool letDelimiter(ImageView& view, const PropertyValue& value) {
-    view.parts().properties.Delimiter = firstCharacter(trimBlanks(std::get<std::string>(value)));
+    view.properties().Delimiter = firstCharacter(trimBlanks(std::get<std::string>(value)));
     return true;
 }
 
@@ -78,11 +78,11 @@ bool letInterval(Timer& timer, const PropertyValue& value) {
 bool letLogFileName(ImageView& view, const PropertyValue& value) {
     const auto& name = std::get<std::string>(value);
     if (name.empty())
-        view.parts().log.StopLogging();
-    else if (!view.parts().ports.container->mayWriteFiles())
+        view.log().StopLogging();
+    else if (!view.ports().container->mayWriteFiles())
         throw Error(error_number::PathFileAccess, "No log is written: the host allows no files.");
     else
-        view.parts().log.StartLogging(name, log_mode::ToFile);
+        view.log().StartLogging(name, log_mode::ToFile);
     return letMember<&PropertyValues::LogFileName>(view, value);
 }
 
@@ -150,9 +150,9 @@ std::vector<PropertyRow> makePersistedRows() {
         {"BookmarkAvailable", "BookmarkAvailable", false, getMember<&V::BookmarkAvailable>,
          letAvailable<&V::BookmarkAvailable>, "BookmarkAvailable"},
         {"MinLogLevel", "MinEventLevel", int32_t{4},
-         [](const ImageView& view) -> PropertyValue { return view.parts().log.MinimumEventLevel(); },
+         [](const ImageView& view) -> PropertyValue { return view.log().MinimumEventLevel(); },
          [](ImageView& view, const PropertyValue& value) {
-             view.parts().log.setMinimumEventLevel(std::get<int32_t>(value));
+             view.log().setMinimumEventLevel(std::get<int32_t>(value));
              return true;
          },
          "MinLogLevel"},

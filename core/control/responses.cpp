@@ -62,10 +62,10 @@ private:
 
 } // namespace
 
-Responses::Responses(ControlParts& parts, cClientHandlers& packager2, Session& session, Transfers& transfers,
-                     LetProperty letProperty)
-    : parts_(parts), packager2_(packager2), session_(session), transfers_(transfers),
-      letProperty_(std::move(letProperty)) {
+Responses::Responses(Diagnostics& diagnostics, const PropertyValues& properties, cClientHandlers& packager2,
+                     Session& session, Transfers& transfers, LetProperty letProperty)
+    : diagnostics_(diagnostics), properties_(properties), packager2_(packager2), session_(session),
+      transfers_(transfers), letProperty_(std::move(letProperty)) {
     packager2_.PropertyChanged.connect([this](const std::string& name, const std::string& value) {
         Packager2_PropertyChanged(name, value);
     });
@@ -80,28 +80,30 @@ void Responses::Packager2_PropertyChanged(const std::string& name, const std::st
     const auto* known = std::find_if(ServerProperties.begin(), ServerProperties.end(),
                                      [&](const auto& entry) { return entry.first == upperName; });
     const bool isKnown = known != ServerProperties.end();
-    parts_.logLine(Indent + (isKnown ? "Property '" : "Unknown property '") + name + "' changed to '" +
-                   value + "'.");
+    diagnostics_.logLine(Indent + (isKnown ? "Property '" : "Unknown property '") + name + "' changed to '" +
+                         value + "'.");
     if (isKnown)
         letProperty_(known->second, value);
 }
 
 void Responses::Packager2_ServerErrorReport(int32_t number, const std::string& text1,
                                             const std::string& text2) {
-    parts_.ports.messageBox->ask("The server has sent the following error:" + std::string(LineBreak) +
-                                     std::to_string(number) + " " + text1 + " " + text2,
-                                 Buttons::Ok, Icon::None, {});
+    diagnostics_.messageBox.ask("The server has sent the following error:" + std::string(LineBreak) +
+                                    std::to_string(number) + " " + text1 + " " + text2,
+                                Buttons::Ok, Icon::None, {});
 }
 
 void Responses::ProcessServerResponse(const AsyncProperty& record) {
-    const TransferTag tag(record.PropertyName, parts_.properties.Delimiter);
+    const TransferTag tag(record.PropertyName, properties_.Delimiter);
     bool current = false;
-    parts_.procedure("ProcessServerResponse").step([&] { current = isForCurrentDocument(tag); }).step([&] {
-        if (current)
-            dispatch(tag, record);
-        else
-            const TemporaryFile discarded(record.File);
-    });
+    diagnostics_.procedure("ProcessServerResponse")
+        .step([&] { current = isForCurrentDocument(tag); })
+        .step([&] {
+            if (current)
+                dispatch(tag, record);
+            else
+                const TemporaryFile discarded(record.File);
+        });
 }
 
 bool Responses::isForCurrentDocument(const TransferTag& tag) {
@@ -109,12 +111,12 @@ bool Responses::isForCurrentDocument(const TransferTag& tag) {
         return true;
     const int32_t current = session_.state().currentDocument;
     if (tag.document() != current) {
-        parts_.log.LogEvent("DATA DISCARDED. Current DocID is " + std::to_string(current) +
-                                " and returned data was for DocID " + tag.documentText(),
-                            log_level::Warning);
+        diagnostics_.log.LogEvent("DATA DISCARDED. Current DocID is " + std::to_string(current) +
+                                      " and returned data was for DocID " + tag.documentText(),
+                                  log_level::Warning);
         return false;
     }
-    parts_.logLine(Indent + "->Data is for the current document.");
+    diagnostics_.logLine(Indent + "->Data is for the current document.");
     return true;
 }
 
@@ -129,41 +131,42 @@ void Responses::dispatch(const TransferTag& tag, const AsyncProperty& record) {
     case TransferTag::Kind::Ignored:
         return;
     case TransferTag::Kind::Unknown:
-        parts_.ports.messageBox->ask("UNHANDLED REQUEST TYPE: " + tag.name(), Buttons::Ok, Icon::None, {});
+        diagnostics_.messageBox.ask("UNHANDLED REQUEST TYPE: " + tag.name(), Buttons::Ok, Icon::None, {});
     }
 }
 
 /// The number of the error that the answer caused, 0 for none.
 int32_t Responses::processText(const std::string& text) {
     std::vector<std::string> fields;
-    return packager2_.ProcessResponse(parts_.properties.Delimiter, parts_.properties.PublicKey, text, {},
-                                      fields);
+    return packager2_.ProcessResponse(properties_.Delimiter, properties_.PublicKey, text, {}, fields);
 }
 
 void Responses::processInitialContact(const AsyncProperty& record) {
     const std::string text = record.BytesRead > 0 ? textOf(record.Bytes) : std::string();
-    parts_.logLine("Processing IC Resp: '" + text + "'");
+    diagnostics_.logLine("Processing IC Resp: '" + text + "'");
     if (processText(text) != 0)
-        throw Error(parts_.errors.Number(), parts_.errors.Description(), parts_.errors.Source());
+        throw Error(diagnostics_.errors.Number(), diagnostics_.errors.Description(),
+                    diagnostics_.errors.Source());
 }
 
 void Responses::processPageCount(const AsyncProperty& record) {
     if (record.BytesRead <= 0)
         return;
     const std::string text = textOf(record.Bytes);
-    parts_.logLine("Processing PC Resp: " + text);
+    diagnostics_.logLine("Processing PC Resp: " + text);
     const int32_t result = processText(text);
     if (result == 0)
         return;
     if (std::find(SessionEnded.begin(), SessionEnded.end(), result) == SessionEnded.end())
-        throw Error(parts_.errors.Number(), parts_.errors.Description(), parts_.errors.Source());
+        throw Error(diagnostics_.errors.Number(), diagnostics_.errors.Description(),
+                    diagnostics_.errors.Source());
     transfers_.CancelDownloads();
     session_.Clear();
 }
 
 void Responses::processPage(const TransferTag& tag, const AsyncProperty& record) {
     TemporaryFile file(record.File);
-    parts_.logLine("Processing GP Resp: " + record.File.string());
+    diagnostics_.logLine("Processing GP Resp: " + record.File.string());
     const float kilobytes = cUtilities::GetFileSize(record.File);
     if (kilobytes <= 0) {
         failPage(tag, "No page returned.");
@@ -187,9 +190,9 @@ void Responses::failPage(const TransferTag& tag, const std::string& message) {
     if (session_.failThumbnail(tag.hasPage() ? tag.page() : int16_t{0}, message))
         return;
     const int32_t document = session_.state().currentDocument;
-    parts_.ports.messageBox->ask(message, Buttons::Ok, Icon::None, {});
+    diagnostics_.messageBox.ask(message, Buttons::Ok, Icon::None, {});
     // Another document may have come while the message stood.
-    if (parts_.ended() || session_.state().currentDocument != document)
+    if (diagnostics_.ended() || session_.state().currentDocument != document)
         return;
     transfers_.CancelDownloads();
     session_.Clear();

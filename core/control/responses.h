@@ -1,6 +1,7 @@
 #pragma once
 
-#include "core/control/controlparts.h"
+#include "core/control/diagnostics.h"
+#include "core/control/propertyvalues.h"
 #include "core/control/session.h"
 #include "core/control/transfers.h"
 
@@ -17,8 +18,8 @@ public:
     /// `letProperty` stores a text as the value of a property, with the checks that the host's values get;
     /// it throws when the value is refused.
     using LetProperty = std::function<void(const std::string& name, const std::string& value)>;
-    Responses(ControlParts& parts, cClientHandlers& packager2, Session& session, Transfers& transfers,
-              LetProperty letProperty);
+    Responses(Diagnostics& diagnostics, const PropertyValues& properties, cClientHandlers& packager2,
+              Session& session, Transfers& transfers, LetProperty letProperty);
 
     void ProcessServerResponse(const AsyncProperty& record);
 
@@ -36,7 +37,8 @@ private:
     void failPage(const TransferTag& tag, const std::string& message);
     void keepPage(const TransferTag& tag, const AsyncProperty& record);
 
-    ControlParts& parts_;
+    Diagnostics& diagnostics_;
+    const PropertyValues& properties_;
     cClientHandlers& packager2_;
     Session& session_;
     Transfers& transfers_;

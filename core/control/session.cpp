@@ -45,45 +45,39 @@ void raiseUnlessDone(int32_t status, const cErrObject& errors) {
 
 } // namespace
 
-Session::Session(ControlParts& parts, cClientHandlers& packager2, Transfers& transfers,
-                 std::function<void(const std::string&)> letEngineAddress)
-    : parts_(parts), packager2_(packager2), transfers_(transfers),
-      letEngineAddress_(std::move(letEngineAddress)) {
+Session::Session(Diagnostics& diagnostics, cClientHandlers& packager2, Transfers& transfers, Uses uses)
+    : diagnostics_(diagnostics), packager2_(packager2), transfers_(transfers), uses_(std::move(uses)) {
     packager2_.InitialContact.connect([this](bool flag) { state_.contacted = flag; });
     packager2_.PageCount.connect([this](int16_t count) { state_.pageCount = count; });
 }
 
-bool Session::isPageDisplayed() const {
-    return state_.shownPage != 0 && state_.shownPage == state_.currentPage && parts_.lvrImage.hasPicture();
-}
-
 cClientHandlers::Sender Session::sender() const {
-    const PropertyValues& properties = parts_.properties;
+    const PropertyValues& properties = uses_.properties;
     return {properties.Delimiter, properties.PublicKey, properties.UserLogin, properties.MachineName};
 }
 
 void Session::LoadDocumentByDocID(int32_t docID, int16_t pageNum, const std::string& address) {
     const uint32_t load = ++loads_;
     const auto unlessStale = [&, load] { return unlessReplaced(load, docID); };
-    parts_.procedure("LoadDocumentByDocID", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("LoadDocumentByDocID", Buttons::AbortRetryIgnore)
         .step([&] {
-            parts_.logLine(std::string(LineBreak) + blockStart());
-            parts_.logLine("LoadDocumentByDocID - " + std::to_string(docID));
-            parts_.logLine(blockEnd());
+            diagnostics_.logLine(std::string(LineBreak) + blockStart());
+            diagnostics_.logLine("LoadDocumentByDocID - " + std::to_string(docID));
+            diagnostics_.logLine(blockEnd());
         })
         .step([&] { Clear(); })
         .step([&] { return load == loads_ ? Flow::GoOn : Flow::Leave; })
         .step([&] {
             if (!address.empty())
-                letEngineAddress_(address);
+                uses_.letEngineAddress(address);
         })
         .step([&] {
             // A form that is designed shows no document and asks no server.
-            return docID == 0 || !parts_.ports.container->userMode() ? Flow::Leave : Flow::GoOn;
+            return docID == 0 || !uses_.container.userMode() ? Flow::Leave : Flow::GoOn;
         })
         .step([&] {
             state_.currentDocument = docID;
-            parts_.updateUI();
+            uses_.ui.UpdateUI();
         })
         .step([&] { return contactUnlessMade(); })
         .step(unlessStale)
@@ -109,18 +103,18 @@ Flow Session::contactUnlessMade() {
         return Flow::Leave;
     if (DoInitialContact())
         return Flow::GoOn;
-    parts_.updateUI();
+    uses_.ui.UpdateUI();
     return Flow::Leave;
 }
 
 bool Session::DoInitialContact() {
     const uint32_t load = loads_;
-    parts_.procedure("DoInitialContact").step([&] { return contactServer(load); });
-    return !parts_.ended() && state_.contacted;
+    diagnostics_.procedure("DoInitialContact").step([&] { return contactServer(load); });
+    return !diagnostics_.ended() && state_.contacted;
 }
 
 bool Session::isContactOver(uint32_t load) const {
-    return parts_.ended() || loads_ != load || state_.contacted || !transfers_.isContacting();
+    return diagnostics_.ended() || loads_ != load || state_.contacted || !transfers_.isContacting();
 }
 
 void Session::requestContact() {
@@ -129,29 +123,29 @@ void Session::requestContact() {
     raiseUnlessDone(packager2_.BuildReqIC(sender(), product::Title, std::to_string(product::Major),
                                           std::to_string(product::Minor), std::to_string(product::Revision),
                                           request, tag),
-                    parts_.errors);
-    const RequestAddress address = requestAddress(parts_.properties.EngineAddress, request);
-    parts_.logLine("Initial Contact Request: " + address.readable);
+                    diagnostics_.errors);
+    const RequestAddress address = requestAddress(uses_.properties.EngineAddress, request);
+    diagnostics_.logLine("Initial Contact Request: " + address.readable);
     transfers_.start(address.target, TransferTag::initialContact(), AsyncType::ByteArray,
                      Transfers::TagIsAdded::BeforeStart);
 }
 
 Flow Session::contactServer(uint32_t load) {
     requestContact();
-    parts_.ports.eventLoop->pumpUntil([this, load] { return isContactOver(load); });
-    if (parts_.ended() || loads_ != load)
+    uses_.eventLoop.pumpUntil([this, load] { return isContactOver(load); });
+    if (diagnostics_.ended() || loads_ != load)
         return Flow::Leave;
     if (!state_.contacted) {
-        parts_.logLine(Indent + "InitialContact: Cancelled");
+        diagnostics_.logLine(Indent + "InitialContact: Cancelled");
         throw Error(error_number::InvalidArgument, "Initial Contact failed or was cancelled.");
     }
-    parts_.logLine(Indent + "InitialContact: OK");
+    diagnostics_.logLine(Indent + "InitialContact: OK");
     return Flow::GoOn;
 }
 
 void Session::GetPageCount(int32_t docID) {
     const uint32_t load = loads_;
-    parts_.procedure("GetPageCount")
+    diagnostics_.procedure("GetPageCount")
         .step([&] { checkDocID(docID, "Vellane.Pixmo.GetPageCount"); })
         .step([&] { return contactUnlessMade(); })
         .step([&] { return load == loads_ ? Flow::GoOn : Flow::Leave; })
@@ -161,17 +155,17 @@ void Session::GetPageCount(int32_t docID) {
 void Session::requestPageCount(int32_t docID) {
     std::string request;
     std::string tag;
-    raiseUnlessDone(packager2_.BuildReqPC(sender(), docID, request, tag), parts_.errors);
-    parts_.logLine(std::string(42, '*'));
-    parts_.logLine("PageCount Requested for DocID " + std::to_string(docID) + ": ");
-    parts_.logLine(Indent + request);
-    transfers_.start(requestAddress(parts_.properties.EngineAddress, request).target,
-                     TransferTag(tag, parts_.properties.Delimiter), AsyncType::ByteArray,
+    raiseUnlessDone(packager2_.BuildReqPC(sender(), docID, request, tag), diagnostics_.errors);
+    diagnostics_.logLine(std::string(42, '*'));
+    diagnostics_.logLine("PageCount Requested for DocID " + std::to_string(docID) + ": ");
+    diagnostics_.logLine(Indent + request);
+    transfers_.start(requestAddress(uses_.properties.EngineAddress, request).target,
+                     TransferTag(tag, uses_.properties.Delimiter), AsyncType::ByteArray,
                      Transfers::TagIsAdded::AfterStart);
 }
 
 void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
-    parts_.procedure("LoadPage", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("LoadPage", Buttons::AbortRetryIgnore)
         .step([&] {
             if (page < 1)
                 page = 1;
@@ -185,11 +179,11 @@ void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
             tmrDelay_->stop();
             state_.printPages.erase(page);
             state_.currentPage = page;
-            parts_.updateUI();
+            uses_.ui.UpdateUI();
         })
         .step([&] {
             if (IsPageCached(page)) {
-                parts_.logLine("  ->Page was cached @ " + state_.pages.file(page).string());
+                diagnostics_.logLine("  ->Page was cached @ " + state_.pages.file(page).string());
                 DisplayPage(page);
             } else if (delayed) {
                 FetchWithDelay(page);
@@ -200,8 +194,8 @@ void Session::LoadPage(int16_t& page, bool delayed, bool forThumbnail) {
 }
 
 void Session::FetchWithDelay(int16_t page) {
-    parts_.procedure("FetchWithDelay").step([&] {
-        parts_.showPointer(Pointer::ArrowHourglass);
+    diagnostics_.procedure("FetchWithDelay").step([&] {
+        uses_.ui.showPointer(Pointer::ArrowHourglass);
         tmrDelay_->stop();
         delayedPage_ = page;
         tmrDelay_->start();
@@ -209,13 +203,13 @@ void Session::FetchWithDelay(int16_t page) {
 }
 
 void Session::tmrDelay_Timer() {
-    parts_.procedure("tmrDelay_Timer").step([this] { tmrDelay_->stop(); }).step([this] {
+    diagnostics_.procedure("tmrDelay_Timer").step([this] { tmrDelay_->stop(); }).step([this] {
         FetchPageFromServer(state_.currentDocument, delayedPage_);
     });
 }
 
 void Session::FetchPageFromServer(int32_t docID, int16_t page) {
-    parts_.procedure("FetchPageFromServer", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("FetchPageFromServer", Buttons::AbortRetryIgnore)
         .step([&] { state_.pages.growFlags(page); })
         .step([&] { checkDocID(docID, "Vellane.Pixmo.FetchPageFromServer"); })
         .step([&] { return contactUnlessMade(); })
@@ -226,14 +220,14 @@ void Session::FetchPageFromServer(int32_t docID, int16_t page) {
 void Session::requestPage(int32_t docID, int16_t page) {
     std::string request;
     std::string tag;
-    raiseUnlessDone(packager2_.BuildReqGP(sender(), docID, page, request, tag, parts_.properties.NoR != 0),
-                    parts_.errors);
-    const RequestAddress address = requestAddress(parts_.properties.EngineAddress, request);
-    parts_.logLine(std::string(39, '*'));
-    parts_.logLine("Fetching Page from Server");
-    parts_.logLine(Indent + "Name: " + tag);
-    parts_.logLine(Indent + "Reqeust: " + address.readable);
-    const TransferTag pageTag(tag, parts_.properties.Delimiter);
+    raiseUnlessDone(packager2_.BuildReqGP(sender(), docID, page, request, tag, uses_.properties.NoR != 0),
+                    diagnostics_.errors);
+    const RequestAddress address = requestAddress(uses_.properties.EngineAddress, request);
+    diagnostics_.logLine(std::string(39, '*'));
+    diagnostics_.logLine("Fetching Page from Server");
+    diagnostics_.logLine(Indent + "Name: " + tag);
+    diagnostics_.logLine(Indent + "Reqeust: " + address.readable);
+    const TransferTag pageTag(tag, uses_.properties.Delimiter);
     if (!transfers_.isPending(pageTag))
         transfers_.start(address.target, pageTag, AsyncType::File, Transfers::TagIsAdded::AfterStart);
 }
@@ -248,19 +242,19 @@ void Session::FetchPageForPrinting(int16_t page) {
 bool Session::isPageWanted(int16_t page) const {
     if (state_.pages.isForThumbnail(page))
         return true;
-    const bool alreadyShown = state_.shownPage == page && state_.printPages.contains(page);
+    const bool alreadyShown = uses_.display.hasShown(page) && state_.printPages.contains(page);
     return page == state_.currentPage && !alreadyShown;
 }
 
 TransferTag Session::pageTag(int16_t page) const {
-    return TransferTag::page(state_.currentDocument, page, parts_.properties.Delimiter);
+    return TransferTag::page(state_.currentDocument, page, uses_.properties.Delimiter);
 }
 
 /// A page that only a thumbnail was wanted of costs no more than the thumbnail.
 bool Session::failThumbnail(int16_t page, const std::string& message) {
     if (!fThumbNails_ || !state_.pages.isForThumbnail(page))
         return false;
-    parts_.logLine(Indent + "Thumbnail of page " + std::to_string(page) + ": " + message);
+    diagnostics_.logLine(Indent + "Thumbnail of page " + std::to_string(page) + ": " + message);
     fThumbNails_->failThumbnail(page, message);
     return true;
 }
@@ -274,24 +268,24 @@ void Session::keepPageFile(int16_t page, const std::filesystem::path& file) {
 }
 
 void Session::DisplayPage(int16_t page) {
-    parts_.procedure("DisplayPage", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("DisplayPage", Buttons::AbortRetryIgnore)
         .step([&] {
             if (!state_.pages.isForThumbnail(page))
                 return Flow::GoOn;
             if (fThumbNails_)
-                fThumbNails_->PostImageToThumbnail(page, state_.pages.file(page), parts_.properties.EncBytes);
+                fThumbNails_->PostImageToThumbnail(page, state_.pages.file(page), uses_.properties.EncBytes);
             return Flow::Leave;
         })
         .step([&] { announcePage(page); })
         .step([&] { showCurrentPage(); })
-        .step([&] { parts_.updateUI(); });
+        .step([&] { uses_.ui.UpdateUI(); });
 }
 
 void Session::announcePage(int16_t page) {
     if (page <= 0)
         return;
     state_.currentPage = page;
-    parts_.events.PageChanged.raise(state_.currentDocument, state_.currentPage);
+    uses_.events.PageChanged.raise(state_.currentDocument, state_.currentPage);
 }
 
 // The host may have cleared the session or gone elsewhere while it was told of the page.
@@ -299,43 +293,26 @@ void Session::showCurrentPage() {
     const int16_t page = state_.currentPage;
     if (!IsPageCached(page))
         return;
-    keepPlace();
-    state_.shownPage = 0;
-    const int32_t status =
-        parts_.leadImageHelp.imgDisplayEncryptedPage(state_.pages.file(page), parts_.properties.EncBytes);
-    raiseUnlessDone(status, parts_.errors);
-    state_.shownPage = page;
-    const auto place = state_.places.find(page);
-    if (place != state_.places.end())
-        parts_.lvrImage.goTo(place->second);
-}
-
-/// A turned page is seen unturned the next time: only its zoom is kept.
-void Session::keepPlace() {
-    if (state_.shownPage == 0 || !parts_.lvrImage.hasPicture())
-        return;
-    ViewPlace place = parts_.lvrImage.place();
-    if (parts_.lvrImage.isTurned())
-        place.middle = ViewPlace().middle;
-    state_.places[state_.shownPage] = place;
+    raiseUnlessDone(uses_.display.show(page, state_.pages.file(page), uses_.properties.EncBytes),
+                    diagnostics_.errors);
 }
 
 void Session::Clear() {
-    parts_.procedure("Clear", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("Clear", Buttons::AbortRetryIgnore)
         .step([this] { emptySession(); })
         .step([this] {
-            parts_.events.PageChanged.raise(0, 0);
+            uses_.events.PageChanged.raise(0, 0);
             // A document that the host loads when it hears of this has cleared everything itself.
             return state_.currentDocument == 0 ? Flow::GoOn : Flow::Leave;
         })
-        .step([this] { parts_.leadImageHelp.imgClear(); })
+        .step([this] { uses_.display.clear(); })
         .step([this] {
             if (fThumbNails_)
                 fThumbNails_->reset();
         })
         .step([this] { transfers_.forgetPending(); })
         .step([this] { clearCache(); })
-        .step([this] { parts_.updateUI(); });
+        .step([this] { uses_.ui.UpdateUI(); });
 }
 
 void Session::emptySession() {
@@ -343,16 +320,15 @@ void Session::emptySession() {
     state_.currentDocument = 0;
     state_.pageCount = 0;
     state_.currentPage = 0;
-    state_.shownPage = 0;
-    state_.places.clear();
+    uses_.display.forgetPages();
     state_.printPages.clear();
     transfers_.forgetOutcome();
     Emptied.raise();
 }
 
 void Session::clearCache() {
-    parts_.procedure("Clear", Buttons::AbortRetryIgnore)
-        .step([this] { parts_.logLine("Clearing temp files."); })
+    diagnostics_.procedure("Clear", Buttons::AbortRetryIgnore)
+        .step([this] { diagnostics_.logLine("Clearing temp files."); })
         .step([this] { removePageFiles(); })
         .step([this] { state_.pages.clear(); });
 }
@@ -360,21 +336,21 @@ void Session::clearCache() {
 void Session::removePageFiles() {
     PageCache& pages = state_.pages;
     if (!pages.hasFiles())
-        parts_.logLine("   -->no cache files to remove!");
+        diagnostics_.logLine("   -->no cache files to remove!");
     for (int32_t page = 1; page <= pages.highestPage(); ++page) {
         const auto index = static_cast<int16_t>(page);
         if (!pages.IsPageCached(index))
             continue;
         const std::filesystem::path file = pages.file(index);
-        parts_.logLine("   -->removing temp file " + file.string());
+        diagnostics_.logLine("   -->removing temp file " + file.string());
         std::filesystem::remove(file);
         pages.setFile(index, {});
     }
 }
 
 void Session::requestBookmark() {
-    parts_.procedure("requestBookmark").step([this] {
-        parts_.events.BookmarkRequested.raise(state_.currentDocument, state_.currentPage);
+    diagnostics_.procedure("requestBookmark").step([this] {
+        uses_.events.BookmarkRequested.raise(state_.currentDocument, state_.currentPage);
     });
 }
 

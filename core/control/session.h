@@ -1,8 +1,15 @@
 #pragma once
 
-#include "core/control/controlparts.h"
+#include "core/control/controlevents.h"
+#include "core/control/controlinterface.h"
+#include "core/control/diagnostics.h"
+#include "core/control/pagedisplay.h"
+#include "core/control/propertyvalues.h"
 #include "core/control/sessionstate.h"
 #include "core/control/transfers.h"
+#include "core/platform/container.h"
+#include "core/platform/eventloop.h"
+#include "core/platform/timer.h"
 #include "core/protocol/cclienthandlers.h"
 #include "core/thumbs/thumbnailwindow.h"
 
@@ -17,13 +24,22 @@ namespace pixmo {
 /// shows them.
 class Session {
 public:
-    /// `letEngineAddress` stores an address as the property of the control.
-    Session(ControlParts& parts, cClientHandlers& packager2, Transfers& transfers,
-            std::function<void(const std::string&)> letEngineAddress);
+    /// What it works with beside the transfers; all of it outlives the session.
+    struct Uses {
+        ControlInterface& ui;
+        const PropertyValues& properties;
+        ControlEvents& events;
+        PageDisplay& display;
+        EventLoop& eventLoop;
+        const Container& container;
+        /// Stores an address as the property of the control.
+        std::function<void(const std::string&)> letEngineAddress;
+    };
+    Session(Diagnostics& diagnostics, cClientHandlers& packager2, Transfers& transfers, Uses uses);
 
     const SessionState& state() const { return state_; }
     /// The view shows the picture of the current page.
-    bool isPageDisplayed() const;
+    bool isPageDisplayed() const { return uses_.display.shows(state_.currentPage); }
     /// The page of the current document is being fetched.
     bool isPagePending(int16_t page) const { return transfers_.isPending(pageTag(page)); }
     /// Where the pages go that only a thumbnail is wanted of; nullptr: to nobody.
@@ -77,14 +93,13 @@ private:
     void requestPage(int32_t docID, int16_t page);
     void announcePage(int16_t page);
     void showCurrentPage();
-    void keepPlace();
     void removePageFiles();
     void emptySession();
 
-    ControlParts& parts_;
+    Diagnostics& diagnostics_;
     cClientHandlers& packager2_;
     Transfers& transfers_;
-    std::function<void(const std::string&)> letEngineAddress_;
+    Uses uses_;
     SessionState state_;
     ThumbnailWindow* fThumbNails_ = nullptr;
     std::unique_ptr<Timer> tmrDelay_;

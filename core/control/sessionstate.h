@@ -1,10 +1,8 @@
 #pragma once
 
 #include "core/control/pagecache.h"
-#include "core/imaging/viewgeometry.h"
 
 #include <cstdint>
-#include <map>
 #include <set>
 
 namespace pixmo {
@@ -18,10 +16,6 @@ struct SessionState {
     PageCache pages;
     /// Pages that are fetched to be printed; the view does not ask for them.
     std::set<int16_t> printPages;
-    /// The page whose picture the view holds; 0 when it holds none, or one that is not to be seen.
-    int16_t shownPage = 0;
-    /// How each page that was seen was looked at last.
-    std::map<int16_t, ViewPlace> places;
 };
 
 } // namespace pixmo

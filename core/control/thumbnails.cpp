@@ -7,22 +7,21 @@ Thumbnails::~Thumbnails() {
 }
 
 void Thumbnails::ShowThumbNails() {
-    parts_.procedure("ShowThumbNails").step([this] {
+    diagnostics_.procedure("ShowThumbNails").step([this] {
         if (!fThumbNails_)
             open();
         follow();
-        parts_.ports.thumbnailHost->show(fThumbNails_);
+        uses_.host->show(fThumbNails_);
     });
 }
 
 void Thumbnails::open() {
-    surface_ = parts_.ports.thumbnailHost->surface();
-    fThumbNails_ =
-        std::make_shared<dlgThumbs>(*this, *parts_.ports.timers, *parts_.ports.settings, *surface_);
+    surface_ = uses_.host->surface();
+    fThumbNails_ = std::make_shared<dlgThumbs>(*this, uses_.timers, uses_.settings, *surface_);
     fThumbNails_->ItemSelected.connect([this](int16_t page) { fThumbNails_ItemSelected(page); });
     fThumbNails_->LoadThumbImage.connect([this](int16_t page) { fThumbNails_LoadThumbImage(page); });
     fThumbNails_->PrintSelection.connect([this](const std::vector<int16_t>& pages) {
-        const auto control = holdControl_();
+        const auto control = uses_.holdControl();
         PrintSelection.raise(pages);
     });
     session_.setThumbnailWindow(fThumbNails_.get());
@@ -32,7 +31,7 @@ void Thumbnails::close() {
     if (!fThumbNails_)
         return;
     fThumbNails_->SaveSettings();
-    parts_.ports.thumbnailHost->close();
+    uses_.host->close();
     session_.setThumbnailWindow(nullptr);
     fThumbNails_.reset();
 }
@@ -49,17 +48,17 @@ bool Thumbnails::isReaderWaiting() const {
 int32_t Thumbnails::loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
                              std::string& problem) const {
     cLeadImageFunctions::Bytes bytes;
-    int32_t status = parts_.leadImageHelp.imgDecryptToArray(file, bytes, encBytes);
+    int32_t status = uses_.leadImageHelp.imgDecryptToArray(file, bytes, encBytes);
     if (status == 0)
-        status = parts_.leadImageHelp.LoadArrayToRaster(bytes, raster);
+        status = uses_.leadImageHelp.LoadArrayToRaster(bytes, raster);
     if (status != 0)
-        problem = parts_.errors.Description();
+        problem = diagnostics_.errors.Description();
     return status;
 }
 
 void Thumbnails::fThumbNails_ItemSelected(int16_t page) {
-    const auto control = holdControl_();
-    parts_.procedure("fThumbNails_ItemSelected").step([&] {
+    const auto control = uses_.holdControl();
+    diagnostics_.procedure("fThumbNails_ItemSelected").step([&] {
         int16_t number = page;
         session_.LoadPage(number, false, false);
     });
@@ -68,8 +67,8 @@ void Thumbnails::fThumbNails_ItemSelected(int16_t page) {
 // A page that the view is about to show, or lacks, is never flagged for the thumbnails: its answer belongs to
 // the view, and the window finds it in the cache.
 void Thumbnails::fThumbNails_LoadThumbImage(int16_t page) {
-    const auto control = holdControl_();
-    parts_.procedure("fThumbNails_LoadThumbImage").step([&] {
+    const auto control = uses_.holdControl();
+    diagnostics_.procedure("fThumbNails_LoadThumbImage").step([&] {
         if (isPagePending(page))
             return;
         int16_t number = page;

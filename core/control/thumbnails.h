@@ -1,7 +1,11 @@
 #pragma once
 
-#include "core/control/controlparts.h"
+#include "core/control/diagnostics.h"
 #include "core/control/session.h"
+#include "core/imaging/cleadimagefunctions.h"
+#include "core/platform/settingsstore.h"
+#include "core/platform/thumbnailhost.h"
+#include "core/platform/timer.h"
 #include "core/thumbs/dlgthumbs.h"
 
 #include <functional>
@@ -14,12 +18,19 @@ namespace pixmo {
 /// The control's side of the thumbnail window: opens it, answers its questions, does what it asks.
 class Thumbnails : public ThumbDocument {
 public:
-    /// `holdControl` keeps the control while it does what the window asks; `canPrint` says whether pages may
-    /// be printed.
-    Thumbnails(ControlParts& parts, Session& session, const Transfers& transfers,
-               std::function<std::shared_ptr<void>()> holdControl, std::function<bool()> canPrint)
-        : parts_(parts), session_(session), transfers_(transfers), holdControl_(std::move(holdControl)),
-          canPrint_(std::move(canPrint)) {}
+    /// What it works with beside the session; all of it outlives the thumbnails.
+    struct Uses {
+        ThumbnailHost* host; ///< nullptr: the face shows no thumbnails
+        TimerFactory& timers;
+        SettingsStore& settings;
+        cLeadImageFunctions& leadImageHelp;
+        /// Keeps the control while it does what the window asks.
+        std::function<std::shared_ptr<void>()> holdControl;
+        /// Whether pages may be printed.
+        std::function<bool()> canPrint;
+    };
+    Thumbnails(Diagnostics& diagnostics, Session& session, const Transfers& transfers, Uses uses)
+        : diagnostics_(diagnostics), session_(session), transfers_(transfers), uses_(std::move(uses)) {}
     ~Thumbnails() override;
     Thumbnails(const Thumbnails&) = delete;
     Thumbnails& operator=(const Thumbnails&) = delete;
@@ -41,7 +52,7 @@ private:
     bool isPagePending(int16_t page) const override { return session_.isPagePending(page); }
     bool isPageCached(int16_t page) const override { return session_.IsPageCached(page); }
     std::string transferProblem() const override { return transfers_.problem(); }
-    bool canPrint() const override { return canPrint_(); }
+    bool canPrint() const override { return uses_.canPrint(); }
     int32_t loadPage(const std::filesystem::path& file, int32_t encBytes, Raster& raster,
                      std::string& problem) const override;
 
@@ -49,12 +60,11 @@ private:
     void fThumbNails_ItemSelected(int16_t page);
     void fThumbNails_LoadThumbImage(int16_t page);
 
-    ControlParts& parts_;
+    Diagnostics& diagnostics_;
     Session& session_;
     const Transfers& transfers_;
+    Uses uses_;
     std::shared_ptr<ViewSurface> surface_;
-    std::function<std::shared_ptr<void>()> holdControl_;
-    std::function<bool()> canPrint_;
     std::shared_ptr<dlgThumbs> fThumbNails_;
 };
 

@@ -14,18 +14,16 @@ const std::string Indent(5, ' ');
 
 } // namespace
 
-Transfers::Transfers(ControlParts& parts, std::function<std::shared_ptr<void>()> holdControl,
-                     std::function<void(const AsyncProperty&)> processServerResponse)
-    : parts_(parts), holdControl_(std::move(holdControl)),
-      processServerResponse_(std::move(processServerResponse)) {}
+Transfers::Transfers(Diagnostics& diagnostics, Uses uses)
+    : diagnostics_(diagnostics), uses_(std::move(uses)) {}
 
 std::filesystem::path Transfers::nextPageFile() {
-    return parts_.ports.scratch->path() / ("page" + std::to_string(++pageFiles_) + ".dat");
+    return uses_.scratch.path() / ("page" + std::to_string(++pageFiles_) + ".dat");
 }
 
 void Transfers::start(const std::string& target, const TransferTag& tag, AsyncType type, TagIsAdded order) {
     const std::string& name = tag.name();
-    parts_.showPointer(Pointer::ArrowHourglass);
+    uses_.ui.showPointer(Pointer::ArrowHourglass);
     const auto addTag = [&] {
         if (!pending_.contains(name))
             pending_.Add(name, name);
@@ -39,7 +37,7 @@ void Transfers::start(const std::string& target, const TransferTag& tag, AsyncTy
     if (order == TagIsAdded::BeforeStart)
         addTag();
     try {
-        parts_.ports.reader->AsyncRead(request);
+        uses_.reader.AsyncRead(request);
     } catch (...) {
         if (pending_.contains(name))
             pending_.Remove(name);
@@ -47,20 +45,20 @@ void Transfers::start(const std::string& target, const TransferTag& tag, AsyncTy
     }
     addTag();
     problem_.clear();
-    parts_.updateUI();
+    uses_.ui.UpdateUI();
 }
 
 void Transfers::CancelDownloads() {
-    parts_.procedure("CancelDownloads", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("CancelDownloads", Buttons::AbortRetryIgnore)
         .step([this] {
             for (const std::string& name : pending_.keys()) {
-                parts_.ports.reader->CancelAsyncRead(name);
+                uses_.reader.CancelAsyncRead(name);
                 pending_.Remove(name);
-                parts_.logLine("**>>>CancelDownloads CANCELLED REQUEST: " + name + "<<<**");
+                diagnostics_.logLine("**>>>CancelDownloads CANCELLED REQUEST: " + name + "<<<**");
             }
             progress_ = {};
         })
-        .step([this] { parts_.updateUI(); });
+        .step([this] { uses_.ui.UpdateUI(); });
 }
 
 void Transfers::forgetOutcome() {
@@ -69,28 +67,28 @@ void Transfers::forgetOutcome() {
 }
 
 void Transfers::AsyncReadProgress(const AsyncProperty& record) {
-    if (parts_.ended())
+    if (diagnostics_.ended())
         return;
     progress_ = {record.PropertyName, record.BytesRead, record.BytesMax};
-    parts_.updateUI();
+    uses_.ui.UpdateUI();
 }
 
 void Transfers::AsyncReadComplete(const AsyncProperty& record) {
-    const auto control = holdControl_();
+    const auto control = uses_.holdControl();
     const std::string status = cUtilities::StatusCodeToText(record.StatusCode);
-    parts_.procedure("UserControl_AsyncReadComplete", Buttons::AbortRetryIgnore)
+    diagnostics_.procedure("UserControl_AsyncReadComplete", Buttons::AbortRetryIgnore)
         .step([&] {
-            parts_.logLine("Pixmo::AsyncReadComplete reports " + record.PropertyName + ", " +
-                           std::to_string(record.StatusCode) + ", " + record.Status);
+            diagnostics_.logLine("Pixmo::AsyncReadComplete reports " + record.PropertyName + ", " +
+                                 std::to_string(record.StatusCode) + ", " + record.Status);
             if (cUtilities::ElementExists(pending_, record.PropertyName))
                 pending_.Remove(record.PropertyName);
             if (progress_.name == record.PropertyName)
                 progress_ = {};
-            parts_.logLine("Pixmo::AsyncReadComplete processing status code " + status);
+            diagnostics_.logLine("Pixmo::AsyncReadComplete processing status code " + status);
         })
         .step([&] { handleStatus(record); })
-        .step([&] { parts_.updateUI(); })
-        .step([&] { parts_.logLine("Pixmo::AsyncReadComplete successful"); });
+        .step([&] { uses_.ui.UpdateUI(); })
+        .step([&] { diagnostics_.logLine("Pixmo::AsyncReadComplete successful"); });
 }
 
 void Transfers::handleStatus(const AsyncProperty& record) {
@@ -100,16 +98,16 @@ void Transfers::handleStatus(const AsyncProperty& record) {
         if (inIDE)
             askToOpenErrorPage(record);
     } else if (record.StatusCode == static_cast<int32_t>(AsyncStatus::EndDownloadData)) {
-        processServerResponse_(record);
+        uses_.processServerResponse(record);
     } else {
-        parts_.logLine("Pixmo::AsyncReadComplete - No handler for this statuscode - " +
-                       cUtilities::StatusCodeToText(record.StatusCode));
+        diagnostics_.logLine("Pixmo::AsyncReadComplete - No handler for this statuscode - " +
+                             cUtilities::StatusCodeToText(record.StatusCode));
     }
 }
 
 void Transfers::logError(const AsyncProperty& record) {
-    parts_.logLine("Pixmo.AsyncReadComplete returned an ERROR");
-    parts_.logLine("Pixmo.AsyncReadComplete Begin AsyncProp Detail");
+    diagnostics_.logLine("Pixmo.AsyncReadComplete returned an ERROR");
+    diagnostics_.logLine("Pixmo.AsyncReadComplete Begin AsyncProp Detail");
     const std::array<std::pair<const char*, std::string>, 7> fields = {
         {{"PropertyName = ", record.PropertyName},
          {"Status = ", record.Status},
@@ -119,19 +117,18 @@ void Transfers::logError(const AsyncProperty& record) {
          {"BytesMax = ", std::to_string(record.BytesMax)},
          {"AsyncType = ", std::to_string(static_cast<int32_t>(record.Type))}}};
     for (const auto& [label, value] : fields)
-        parts_.logLine((Indent + label).append(value));
-    parts_.logLine("Pixmo.AsyncReadComplete End AsyncProp Detail");
+        diagnostics_.logLine((Indent + label).append(value));
+    diagnostics_.logLine("Pixmo.AsyncReadComplete End AsyncProp Detail");
 }
 
 void Transfers::askToOpenErrorPage(const AsyncProperty& record) {
     const std::string breakAndQuote = std::string(LineBreak) + "'";
-    const Answer answer = parts_.ports.messageBox->ask(
+    const Answer answer = diagnostics_.messageBox.ask(
         "AsyncProp indicates that the server returned an error for" + breakAndQuote + record.Target + "'" +
             std::string(LineBreak) + "Would you like to open the page in IE?",
         Buttons::YesNo, Icon::Critical, "Pixmo.AsyncReadComplete");
     if (answer == Answer::Yes)
-        parts_.ports.container->startProgram("c:\\program files\\internet explorer\\iexplore.exe " +
-                                             record.Target);
+        uses_.container.startProgram("c:\\program files\\internet explorer\\iexplore.exe " + record.Target);
 }
 
 } // namespace pixmo

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "core/base/collection.h"
-#include "core/control/controlparts.h"
+#include "core/control/controlinterface.h"
+#include "core/control/diagnostics.h"
 #include "core/diag/cutilities.h"
 #include "core/platform/asyncreader.h"
+#include "core/platform/container.h"
+#include "core/platform/scratchfolder.h"
 #include "core/protocol/transfertag.h"
 
 #include <functional>
@@ -23,10 +26,18 @@ struct TransferProgress {
 /// and how the last one ended.
 class Transfers : public AsyncReadListener {
 public:
-    /// `holdControl` keeps the control while a completion is handled; `processServerResponse` takes finished
-    /// downloads.
-    Transfers(ControlParts& parts, std::function<std::shared_ptr<void>()> holdControl,
-              std::function<void(const AsyncProperty&)> processServerResponse);
+    /// What it works with; all of it outlives the transfers.
+    struct Uses {
+        ControlInterface& ui;
+        AsyncReader& reader;
+        ScratchFolder& scratch;
+        Container& container;
+        /// Keeps the control while a completion is handled.
+        std::function<std::shared_ptr<void>()> holdControl;
+        /// Takes finished downloads.
+        std::function<void(const AsyncProperty&)> processServerResponse;
+    };
+    Transfers(Diagnostics& diagnostics, Uses uses);
 
     /// Whether the tag joins the pending ones before the transfer starts or after it.
     enum class TagIsAdded : uint8_t { BeforeStart, AfterStart };
@@ -55,9 +66,8 @@ private:
     void handleStatus(const AsyncProperty& record);
     std::filesystem::path nextPageFile();
 
-    ControlParts& parts_;
-    std::function<std::shared_ptr<void>()> holdControl_;
-    std::function<void(const AsyncProperty&)> processServerResponse_;
+    Diagnostics& diagnostics_;
+    Uses uses_;
     Collection pending_; ///< by the names of their tags
     TransferProgress progress_;
     std::string problem_;

@@ -50,7 +50,7 @@ std::vector<TextRun> paintView(ImageView& control, const PixelSurface& surface, 
                                bool focused, const TextMeasure& measure) {
     RasterView& view = control.lvrImage();
     PathPainter painter(surface);
-    const double ratio = control.parts().ports.viewSurface->devicePixelRatio();
+    const double ratio = control.ports().viewSurface->devicePixelRatio();
     const double line = std::max(1.0, std::round(ratio));
     const std::string notice = control.viewNotice();
     const bool noticed = !notice.empty();
