@@ -21,8 +21,8 @@ function(pixmo_add_type_library)
     set(library ${CMAKE_CURRENT_BINARY_DIR}/${name}.tlb)
     set(header ${CMAKE_CURRENT_BINARY_DIR}/${name}.h)
     add_custom_command(OUTPUT ${library} ${header}
-        COMMAND ${PIXMO_WIDL} -I ${folder} -L ${PIXMO_STANDARD_TYPE_LIBRARIES} -t -o ${library} ${idl}
-        COMMAND ${PIXMO_WIDL} -I ${folder} -L ${PIXMO_STANDARD_TYPE_LIBRARIES} -h -o ${header} ${idl}
+        COMMAND ${PIXMO_WIDL} -I ${folder} -I ${CMAKE_SOURCE_DIR} -L ${PIXMO_STANDARD_TYPE_LIBRARIES} -t -o ${library} ${idl}
+        COMMAND ${PIXMO_WIDL} -I ${folder} -I ${CMAKE_SOURCE_DIR} -L ${PIXMO_STANDARD_TYPE_LIBRARIES} -h -o ${header} ${idl}
         DEPENDS ${idl} ${ARG_DEPENDS}
         COMMENT "Type library ${name}"
         VERBATIM)

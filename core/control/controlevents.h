@@ -1,25 +1,21 @@
 #pragma once
 
 #include "core/base/event.h"
-
-#include <cstdint>
-#include <string>
+#include "core/control/propertyvalues.h"
 
 namespace pixmo {
 
-/// What the control tells its host, in the order of its event interface.
+/// What the control tells its host: each event of its interface. Text and numbers are passed on; what a host
+/// may change is a reference.
 struct ControlEvents {
-    Event<> Click;
-    Event<> DblClick;
-    Event<int16_t&, int16_t&> KeyDown;                       ///< KeyCode, Shift
-    Event<int16_t&> KeyPress;                                ///< KeyAscii
-    Event<int16_t&, int16_t&> KeyUp;                         ///< KeyCode, Shift
-    Event<int16_t, const std::string&, bool&> PrintJobBegin; ///< Pages, Data, CancelJob
-    Event<int16_t, const std::string&, const std::string&, bool&>
-        PrintJobBeginEX; ///< Pages, SelectedPages, Data, CancelJob
-    Event<int16_t, const std::string&> PrintJobFinish;
-    Event<int32_t, int32_t> PageChanged;       ///< document, page; 0, 0 when cleared
-    Event<int32_t, int32_t> BookmarkRequested; ///< document, page
+#define PIXMO_IN(type, name) const interface_type::type&
+#define PIXMO_INOUT(type, name) interface_type::type&
+#define PIXMO_WITHOUT_BRACKETS(...) __VA_ARGS__
+#define PIXMO_EVENT(number, name, parameters, help) Event<PIXMO_WITHOUT_BRACKETS parameters> name;
+#include "core/control/interface.inc"
+#undef PIXMO_WITHOUT_BRACKETS
+#undef PIXMO_INOUT
+#undef PIXMO_IN
 };
 
 } // namespace pixmo

@@ -1,6 +1,7 @@
 #include "core/control/printjob.h"
 
 #include "core/base/text.h"
+#include "core/control/enumerations.h"
 #include "core/diag/settings.h"
 #include "core/printing/dlgpreview.h"
 #include "core/printing/dlgprint.h"

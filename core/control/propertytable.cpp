@@ -2,6 +2,7 @@
 
 #include "core/base/error.h"
 #include "core/base/text.h"
+#include "core/control/enumerations.h"
 #include "core/control/imageview.h"
 
 #include <algorithm>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/control/enumerations.h"
 #include "core/platform/propertyvalue.h"
 
 #include <cstdint>
@@ -8,38 +7,23 @@
 
 namespace pixmo {
 
-/// What the control stores of its plain properties. The others live where they act: in the session, the
-/// timers and the log.
+/// The types of the interface's rows.
+namespace interface_type {
+using Boolean = bool;
+using Integer = int16_t;
+using Long = int32_t;
+using PaperSize = int32_t;
+using Text = std::string;
+using Colour = pixmo::Colour;
+using Font = pixmo::Font;
+} // namespace interface_type
+
+/// What the control stores of its plain properties, a member for each. The others live where they act: in the
+/// session, the timers and the log. LogFileName is as this control was told; the log itself is shared by all.
 struct PropertyValues {
-    std::string MachineName;
-    std::string UserLogin;
-    int16_t NoR = 0;
-    int32_t PrintPageCount = 0;
-    std::string PrintPageSelection;
-    bool DfPrintAllPages = false;
-    int32_t DfPrintPaperSize = psDefault;
-    int16_t PrintPageNumStyle = pnPrintJobPageNums;
-    bool ThumbsAvailable = false;
-    bool PrintCancelJob = false;
-    int16_t PrintCapFontSize = 0;
-    bool PrintPageNums = false;
-    std::string PrintImageDesc;
-    bool PrintCoverSheet = false;
-    std::string PrintUserName;
-    std::string PrintItemDesc;
-    std::string PrintFee;
-    std::string Delimiter;
-    std::string PublicKey;
-    int32_t EncBytes = 0;
-    std::string PrintCaption;
-    std::string EngineAddress;
-    std::string LogFileName; ///< as this control was told; the log itself is shared by all
-    int16_t BorderStyle = 0;
-    bool BookmarkAvailable = false;
-    Colour BackColor;
-    Colour ForeColor;
-    bool Enabled = true;
-    pixmo::Font Font;
+#define PIXMO_PROPERTY(number, name, type, access, help) interface_type::type name{};
+#define PIXMO_LIVE_PROPERTY(number, name, type, access, help)
+#include "core/control/interface.inc"
 };
 
 } // namespace pixmo

@@ -10,28 +10,12 @@ namespace pixmo::com {
 
 namespace {
 
-/// Numbers of the event interface beyond the system's own.
-enum EventId : DISPID {
-    IdPrintJobBegin = 1,
-    IdPrintJobBeginEX = 2,
-    IdPrintJobFinish = 3,
-    IdPageChanged = 4,
-    IdBookmarkRequested = 5,
-};
-
 /// One argument of an event. Text and numbers are passed on; what a sink may change is passed by reference
 /// and taken back.
 Variant argumentOf(int16_t& number) {
     Variant argument;
     argument.get()->vt = VT_BYREF | VT_I2;
     argument.get()->piVal = &number;
-    return argument;
-}
-
-Variant argumentOf(VARIANT_BOOL* flag) {
-    Variant argument;
-    argument.get()->vt = VT_BYREF | VT_BOOL;
-    argument.get()->pboolVal = flag;
     return argument;
 }
 
@@ -54,12 +38,29 @@ public:
     ~FlagArgument() { flag_ = value_ != VARIANT_FALSE; }
     FlagArgument(const FlagArgument&) = delete;
     FlagArgument& operator=(const FlagArgument&) = delete;
-    VARIANT_BOOL* operator*() { return &value_; }
+    VARIANT_BOOL& value() { return value_; }
 
 private:
     bool& flag_;
     VARIANT_BOOL value_;
 };
+
+Variant argumentOf(FlagArgument& flag) {
+    Variant argument;
+    argument.get()->vt = VT_BYREF | VT_BOOL;
+    argument.get()->pboolVal = &flag.value();
+    return argument;
+}
+
+/// What stands for an argument while the event is told: itself, or what a Boolean needs.
+template <class Argument>
+Argument& held(Argument& argument) {
+    return argument;
+}
+
+FlagArgument held(bool& flag) {
+    return FlagArgument(flag);
+}
 
 } // namespace
 
@@ -71,7 +72,7 @@ template <class... Arguments>
 void EventSinks::fire(DISPID event, Arguments&&... arguments) {
     if (!maySpeak_())
         return;
-    std::array<Variant, sizeof...(Arguments)> given{argumentOf(std::forward<Arguments>(arguments))...};
+    std::array<Variant, sizeof...(Arguments)> given{argumentOf(arguments)...};
     events_.forEach<IDispatch>([&](IDispatch& sink) {
         // The sink borrows the values, the last argument first.
         std::array<VARIANT, sizeof...(Arguments) + 1> borrowed{};
@@ -83,27 +84,14 @@ void EventSinks::fire(DISPID event, Arguments&&... arguments) {
     });
 }
 
+template <class... Arguments>
+void EventSinks::follow(DISPID number, Event<Arguments...>& event) {
+    event.connect([this, number](Arguments... arguments) { fire(number, held(arguments)...); });
+}
+
 void EventSinks::follow(ControlEvents& events) {
-    events.Click.connect([this] { fire(DISPID_CLICK); });
-    events.DblClick.connect([this] { fire(DISPID_DBLCLICK); });
-    events.KeyDown.connect([this](int16_t& key, int16_t& shift) { fire(DISPID_KEYDOWN, key, shift); });
-    events.KeyPress.connect([this](int16_t& key) { fire(DISPID_KEYPRESS, key); });
-    events.KeyUp.connect([this](int16_t& key, int16_t& shift) { fire(DISPID_KEYUP, key, shift); });
-    events.PrintJobBegin.connect([this](const int16_t pages, const std::string& data, bool& cancelJob) {
-        FlagArgument flag(cancelJob);
-        fire(IdPrintJobBegin, pages, data, *flag);
-    });
-    events.PrintJobBeginEX.connect([this](const int16_t pages, const std::string& selectedPages,
-                                          const std::string& data, bool& cancelJob) {
-        FlagArgument flag(cancelJob);
-        fire(IdPrintJobBeginEX, pages, selectedPages, data, *flag);
-    });
-    events.PrintJobFinish.connect(
-        [this](const int16_t pages, const std::string& data) { fire(IdPrintJobFinish, pages, data); });
-    events.PageChanged.connect(
-        [this](const int32_t document, const int32_t page) { fire(IdPageChanged, document, page); });
-    events.BookmarkRequested.connect(
-        [this](const int32_t document, const int32_t page) { fire(IdBookmarkRequested, document, page); });
+#define PIXMO_EVENT(number, name, parameters, help) follow(number, events.name);
+#include "core/control/interface.inc"
 }
 
 void EventSinks::propertyChanged(DISPID property) {

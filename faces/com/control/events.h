@@ -27,6 +27,8 @@ public:
 
 private:
     template <class... Arguments>
+    void follow(DISPID number, Event<Arguments...>& event);
+    template <class... Arguments>
     void fire(DISPID event, Arguments&&... arguments);
 
     std::function<bool()> maySpeak_;

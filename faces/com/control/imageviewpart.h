@@ -4,6 +4,11 @@
 
 namespace pixmo::com {
 
+// What a row of the interface becomes in the class.
+#define PIXMO_IN(type, name) com_type::type name
+#define PIXMO_INOUT(type, name) com_type::type* name
+#define PIXMO_METHOD(number, name, parameters, help) STDMETHODIMP name parameters override;
+
 /// The public interface of the control: properties, methods, and both for late binding.
 class ImageViewPart : public ImageViewProperties {
 public:
@@ -16,16 +21,14 @@ public:
     STDMETHODIMP Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
                         VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) override;
 
-    STDMETHODIMP Refresh() override;
-    STDMETHODIMP clearCache() override;
-    STDMETHODIMP Clear() override;
-    STDMETHODIMP LoadDocumentByDocID(LONG DocID, SHORT PageNum) override;
-    STDMETHODIMP GetLastError(LONG* Number, BSTR* Source, BSTR* Description, BSTR* HelpFile,
-                              LONG* HelpContext) override;
-    STDMETHODIMP AboutBox() override;
-
 protected:
     ~ImageViewPart() = default;
+
+public:
+#include "core/control/interface.inc"
 };
+
+#undef PIXMO_INOUT
+#undef PIXMO_IN
 
 } // namespace pixmo::com

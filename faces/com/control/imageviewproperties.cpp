@@ -4,23 +4,15 @@
 
 namespace pixmo::com {
 
-HRESULT ImageViewProperties::put(const char* name, const PropertyValue& value) {
+HRESULT ImageViewProperties::set(const char* name, const PropertyValue& value) {
     return call(name, [&] {
         context_.control()->setProperty(name, value);
         context_.readyFace().refresh();
     });
 }
 
-STDMETHODIMP ImageViewProperties::get_Font(IFontDisp** value) {
-    return call("Font", [&] {
-        checkPointer(value);
-        const auto own = std::get<Font>(context_.control()->property("Font"));
-        *value = context_.fontLink().object(own.Name.empty() ? context_.ambientFont() : own).detach();
-    });
-}
-
-HRESULT ImageViewProperties::putFont(IFontDisp* value) {
-    return call("Font", [&] {
+HRESULT ImageViewProperties::set(const char* name, IFontDisp* value) {
+    return call(name, [&] {
         const auto font = queryFor<IFont>(value);
         if (!font)
             throw typeMismatchError();
@@ -59,6 +51,11 @@ void ImageViewProperties::read(const PropertyValue& value, OLE_COLOR& target) {
 
 void ImageViewProperties::read(const PropertyValue& value, ::vlPaperSize& target) {
     target = static_cast<::vlPaperSize>(std::get<int32_t>(value));
+}
+
+void ImageViewProperties::read(const PropertyValue& value, IFontDisp*& target) {
+    const auto own = std::get<Font>(value);
+    target = context_.fontLink().object(own.Name.empty() ? context_.ambientFont() : own).detach();
 }
 
 } // namespace pixmo::com
