@@ -1,8 +1,10 @@
 #include "faces/scripted/scriptedcontrol.h"
 
 #include "core/control/layout.h"
+#include "core/control/propertypage.h"
 
 #include <map>
+#include <set>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +15,7 @@ namespace {
 using scripted::ScriptedControl;
 using testing::ElementsAre;
 
+/// In the order that containers know; what a later version adds comes behind.
 std::vector<std::string> persistedKeys() {
     return {"BackColor",        "ForeColor",       "Enabled",          "Font",
             "EngineAddress",    "LogFileName",     "FetchDelay",       "ResizeDelay",
@@ -23,16 +26,55 @@ std::vector<std::string> persistedKeys() {
             "BookmarkAvailable"};
 }
 
+/// What the interface that hosts see says of each property.
+struct Promised {
+    std::string name;
+    size_t type;
+    std::string access;
+};
+
+std::vector<Promised> interfaceRows() {
+    return {
+#define PIXMO_PROPERTY(number, name, type, access, help)                                                     \
+    {#name, PropertyValue(interface_type::type{}).index(), #access},
+#include "core/control/interface.inc"
+    };
+}
+
+TEST(Properties, AreThoseOfTheInterface) {
+    EXPECT_EQ(interfaceRows().size(), propertyTable().size());
+    for (const auto& [name, type, access] : interfaceRows()) {
+        SCOPED_TRACE(name);
+        const PropertyRow* const row = findProperty(name);
+        ASSERT_TRUE(row);
+        EXPECT_EQ(row->defaultValue.index(), type);
+        EXPECT_EQ(row->let == nullptr, access == "ReadOnly");
+        EXPECT_EQ(row->key != nullptr, access.starts_with("Saved"));
+    }
+}
+
+// Colours, font and whether it is enabled are set on the system's own pages.
+TEST(Properties, ThatAreSavedHaveAFieldOnThePropertyPage) {
+    std::multiset<std::string> wanted;
+    for (const PropertyRow& row : persistedProperties())
+        wanted.insert(row.name);
+    std::multiset<std::string> found{"BackColor", "ForeColor", "Enabled", "Font"};
+    for (const PropertyField& field : propertyFields())
+        found.insert(field.property);
+    EXPECT_EQ(found, wanted);
+}
+
 TEST(Properties, AreReadAndWrittenInOrder) {
     ScriptedControl control;
     scripted::PropertyBag bag;
     control.view->setProperty("EngineAddress", std::string());
     control.view->UserControl_WriteProperties(bag);
-    auto keys = persistedKeys();
     control.view->UserControl_ReadProperties(bag);
-    EXPECT_EQ(bag.readKeys, keys);
-    keys.emplace_back("MinEventLevel");
-    EXPECT_EQ(bag.writtenKeys, keys);
+    const auto known = persistedKeys();
+    ASSERT_GE(bag.readKeys.size(), known.size());
+    EXPECT_TRUE(std::equal(known.begin(), known.end(), bag.readKeys.begin()));
+    bag.readKeys.emplace_back("MinEventLevel");
+    EXPECT_EQ(bag.writtenKeys, bag.readKeys);
     EXPECT_TRUE(bag.values.empty()) << "defaults are not stored";
     EXPECT_EQ(control.view->property("FetchDelay"), PropertyValue(int32_t{300}));
     EXPECT_EQ(control.view->property("EncBytes"), PropertyValue(int32_t{1640}));

@@ -75,15 +75,15 @@ STDMETHODIMP BrowsingPart::GetDisplayString(DISPID property, BSTR* text) {
         checkPointer(text);
         *text = nullptr;
         const std::string name = nameOf(property);
-        const auto values = predefinedValues(name);
+        const auto values = propertyChoices(name);
         if (values.empty())
             return S_FALSE;
         const PropertyValue like = int32_t{0};
         const auto current = std::get<int32_t>(convertProperty(context_.control()->property(name), like));
-        const auto found = std::ranges::find(values, current, &PredefinedValue::value);
+        const auto found = std::ranges::find(values, current, &PropertyChoice::value);
         if (found == values.end())
             return S_FALSE;
-        *text = Bstr(std::wstring_view(found->text)).detach();
+        *text = Bstr(std::string_view(found->text)).detach();
         return S_OK;
     });
 }
@@ -101,7 +101,7 @@ STDMETHODIMP BrowsingPart::GetPredefinedStrings(DISPID property, CALPOLESTR* tex
         checkPointer(cookies);
         *texts = {};
         *cookies = {};
-        const auto values = predefinedValues(nameOf(property));
+        const auto values = propertyChoices(nameOf(property));
         if (values.empty())
             return S_FALSE;
         texts->pElems = static_cast<LPOLESTR*>(CoTaskMemAlloc(values.size() * sizeof(LPOLESTR)));
@@ -111,8 +111,8 @@ STDMETHODIMP BrowsingPart::GetPredefinedStrings(DISPID property, CALPOLESTR* tex
             CoTaskMemFree(std::exchange(cookies->pElems, nullptr));
             return E_OUTOFMEMORY;
         }
-        for (const PredefinedValue& value : values) {
-            texts->pElems[texts->cElems++] = copyForHost(value.text);
+        for (const PropertyChoice& value : values) {
+            texts->pElems[texts->cElems++] = copyForHost(toWide(value.text));
             cookies->pElems[cookies->cElems++] = static_cast<DWORD>(value.value);
         }
         return S_OK;
@@ -124,8 +124,8 @@ STDMETHODIMP BrowsingPart::GetPredefinedValue(DISPID property, DWORD cookie, VAR
         checkPointer(value);
         VariantInit(value);
         const std::string name = nameOf(property);
-        const auto values = predefinedValues(name);
-        if (std::ranges::find(values, static_cast<int32_t>(cookie), &PredefinedValue::value) == values.end())
+        const auto values = propertyChoices(name);
+        if (std::ranges::find(values, static_cast<int32_t>(cookie), &PropertyChoice::value) == values.end())
             return E_INVALIDARG;
         const PropertyValue typed =
             convertProperty(static_cast<int32_t>(cookie), findProperty(name)->defaultValue);

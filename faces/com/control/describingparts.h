@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/control/propertypage.h"
 #include "faces/com/control/identifiers.h"
 #include "faces/com/control/part.h"
-#include "faces/com/control/predefinedvalues.h"
 
 #include <ocidl.h>
 

@@ -1,8 +1,8 @@
 #include "faces/com/control/propertypagewindow.h"
 
+#include "core/control/propertypage.h"
 #include "faces/com/base/boundary.h"
 #include "faces/com/base/module.h"
-#include "faces/com/control/predefinedvalues.h"
 
 #include <array>
 #include <commctrl.h>
@@ -12,40 +12,11 @@ namespace pixmo::com {
 
 namespace {
 
-enum class Kind : uint8_t { Text, Number, List, Check };
+using Kind = PropertyFieldKind;
 
-struct Row {
-    const char* property;
-    const wchar_t* label; ///< "&" before its mnemonic
-    Kind kind;
-};
-
-/// Down the left column, then down the right one.
-constexpr std::array Rows{
-    Row{"EngineAddress", L"&Engine address:", Kind::Text},
-    Row{"Delimiter", L"&Delimiter:", Kind::Text},
-    Row{"PublicKey", L"Public &key:", Kind::Text},
-    Row{"EncBytes", L"Protected &bytes:", Kind::Number},
-    Row{"FetchDelay", L"&Fetch delay (ms):", Kind::Number},
-    Row{"ResizeDelay", L"&Resize delay (ms):", Kind::Number},
-    Row{"LogFileName", L"&Log file:", Kind::Text},
-    Row{"MinLogLevel", L"Log le&vel:", Kind::Number},
-    Row{"BorderStyle", L"B&order:", Kind::List},
-    Row{"ThumbsAvailable", L"&Thumbnail window", Kind::Check},
-    Row{"BookmarkAvailable", L"Book&mark button", Kind::Check},
-    Row{"PrintCaption", L"&Caption:", Kind::Text},
-    Row{"PrintCapFontSize", L"Caption si&ze (pt):", Kind::Number},
-    Row{"PrintImageDesc", L"&Image description:", Kind::Text},
-    Row{"PrintUserName", L"&User name:", Kind::Text},
-    Row{"PrintItemDesc", L"Item descri&ption:", Kind::Text},
-    Row{"PrintFee", L"Fe&e:", Kind::Text},
-    Row{"DfPrintPaperSize", L"P&aper:", Kind::List},
-    Row{"PrintPageNumStyle", L"Page &numbers:", Kind::List},
-    Row{"PrintPageNums", L"Print pa&ge numbers", Kind::Check},
-    Row{"PrintCoverSheet", L"Cover &sheet", Kind::Check},
-    Row{"DfPrintAllPages", L"Start &with all pages", Kind::Check},
-};
-constexpr int RowsInColumn = (static_cast<int>(Rows.size()) + 1) / 2;
+int rowsInColumn() {
+    return (static_cast<int>(propertyFields().size()) + 1) / 2;
+}
 
 /// In dialog units.
 namespace unit {
@@ -58,15 +29,18 @@ constexpr int LabelWidth = 68;
 constexpr int FieldWidth = 98;
 constexpr int ColumnWidth = LabelWidth + FieldWidth + 10;
 constexpr int Width = 2 * ColumnWidth + 2 * Margin - 10;
-constexpr int Height = RowsInColumn * RowHeight + 2 * Margin;
 } // namespace unit
+
+int pageHeight() {
+    return rowsInColumn() * unit::RowHeight + 2 * unit::Margin;
+}
 
 constexpr int FirstId = 100;
 
 /// A dialog without items; its fields are made by the table of rows.
 struct Template {
-    DLGTEMPLATE head{
-        WS_CHILD | DS_CONTROL | DS_SETFONT, WS_EX_CONTROLPARENT, 0, 0, 0, unit::Width, unit::Height};
+    DLGTEMPLATE head{WS_CHILD | DS_CONTROL | DS_SETFONT, WS_EX_CONTROLPARENT, 0, 0, 0, unit::Width,
+                     static_cast<short>(pageHeight())};
     WORD menu = 0;
     WORD windowClass = 0;
     WORD title = 0;
@@ -108,7 +82,7 @@ void letValue(IDispatch& object, const char* property, Variant value) {
 } // namespace
 
 SIZE PropertyPageWindow::size() {
-    RECT area{0, 0, unit::Width, unit::Height};
+    RECT area{0, 0, unit::Width, pageHeight()};
     const Template dialog;
     const HWND probe =
         CreateDialogIndirectParamW(module::instance(), &dialog.head, GetDesktopWindow(), nullptr, 0);
@@ -151,8 +125,8 @@ INT_PTR CALLBACK PropertyPageWindow::procedure(HWND window, UINT message, WPARAM
 }
 
 void PropertyPageWindow::makeFields() {
-    fields_.assign(Rows.size(), {});
-    for (size_t row = 0; row < Rows.size(); ++row)
+    fields_.assign(propertyFields().size(), {});
+    for (size_t row = 0; row < propertyFields().size(); ++row)
         makeRow(row);
 }
 
@@ -173,24 +147,25 @@ HWND PropertyPageWindow::child(const wchar_t* kind, const wchar_t* text, DWORD s
 }
 
 void PropertyPageWindow::makeRow(size_t row) {
-    const Row& wanted = Rows[row];
+    const PropertyField& wanted = propertyFields()[row];
+    const std::wstring label = toWide(wanted.label);
     const int at = static_cast<int>(row);
-    const int left = unit::Margin + at / RowsInColumn * unit::ColumnWidth;
-    const int top = unit::Margin + at % RowsInColumn * unit::RowHeight;
+    const int left = unit::Margin + at / rowsInColumn() * unit::ColumnWidth;
+    const int top = unit::Margin + at % rowsInColumn() * unit::RowHeight;
     const int fieldLeft = left + unit::LabelWidth;
     const int id = FirstId + at;
     HWND& field = fields_[row].window;
     if (wanted.kind == Kind::Check) {
-        field = child(WC_BUTTONW, wanted.label, WS_TABSTOP | BS_AUTOCHECKBOX,
+        field = child(WC_BUTTONW, label.c_str(), WS_TABSTOP | BS_AUTOCHECKBOX,
                       place(fieldLeft, top, unit::FieldWidth, unit::FieldHeight), id);
         return;
     }
-    child(WC_STATICW, wanted.label, SS_LEFT, place(left, top + 2, unit::LabelWidth, unit::TextHeight), -1);
+    child(WC_STATICW, label.c_str(), SS_LEFT, place(left, top + 2, unit::LabelWidth, unit::TextHeight), -1);
     if (wanted.kind == Kind::List) {
         field = child(WC_COMBOBOXW, L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST,
                       place(fieldLeft, top, unit::FieldWidth, unit::ListHeight), id);
-        for (const PredefinedValue& value : predefinedValues(wanted.property))
-            SendMessageW(field, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(value.text));
+        for (const PropertyChoice& value : propertyChoices(wanted.property))
+            SendMessageW(field, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(value.text).c_str()));
     } else {
         field = child(WC_EDITW, L"", WS_TABSTOP | ES_AUTOHSCROLL,
                       place(fieldLeft, top, unit::FieldWidth, unit::FieldHeight), id);
@@ -201,8 +176,8 @@ void PropertyPageWindow::fieldChanged(int id, int notification) {
     const size_t row = static_cast<size_t>(id - FirstId);
     if (filling_ || id < FirstId || row >= fields_.size())
         return;
-    static constexpr std::array<int, 4> meansChange{EN_CHANGE, EN_CHANGE, CBN_SELCHANGE, BN_CLICKED};
-    if (notification != meansChange[static_cast<size_t>(Rows[row].kind)])
+    static constexpr std::array<int, 3> meansChange{EN_CHANGE, CBN_SELCHANGE, BN_CLICKED};
+    if (notification != meansChange[static_cast<size_t>(propertyFields()[row].kind)])
         return;
     fields_[row].dirty = true;
     dirty_ = true;
@@ -212,7 +187,7 @@ void PropertyPageWindow::fieldChanged(int id, int notification) {
 void PropertyPageWindow::show(IDispatch& object) {
     filling_ = true;
     for (size_t row = 0; row < fields_.size(); ++row)
-        showValue(row, valueOf(object, Rows[row].property));
+        showValue(row, valueOf(object, propertyFields()[row].property));
     filling_ = false;
     setClean();
 }
@@ -221,12 +196,12 @@ void PropertyPageWindow::showValue(size_t row, const Variant& value) {
     const HWND field = fields_[row].window;
     Variant shown;
     check(shown.assignFrom(value.get()));
-    if (Rows[row].kind == Kind::Check) {
+    if (propertyFields()[row].kind == Kind::Check) {
         check(shown.convertTo(VT_BOOL));
         SendMessageW(field, BM_SETCHECK, shown.get()->boolVal ? BST_CHECKED : BST_UNCHECKED, 0);
-    } else if (Rows[row].kind == Kind::List) {
+    } else if (propertyFields()[row].kind == Kind::List) {
         check(shown.convertTo(VT_I4));
-        const auto values = predefinedValues(Rows[row].property);
+        const auto values = propertyChoices(propertyFields()[row].property);
         for (size_t at = 0; at < values.size(); ++at)
             if (values[at].value == shown.get()->lVal)
                 SendMessageW(field, CB_SETCURSEL, at, 0);
@@ -247,14 +222,15 @@ void PropertyPageWindow::applyTo(IDispatch& object) const {
         if (!fields_[row].dirty)
             continue;
         const HWND field = fields_[row].window;
-        if (Rows[row].kind == Kind::Check) {
-            letValue(object, Rows[row].property,
+        if (propertyFields()[row].kind == Kind::Check) {
+            letValue(object, propertyFields()[row].property,
                      Variant(SendMessageW(field, BM_GETCHECK, 0, 0) == BST_CHECKED));
-        } else if (Rows[row].kind == Kind::List) {
+        } else if (propertyFields()[row].kind == Kind::List) {
             const auto at = static_cast<size_t>(SendMessageW(field, CB_GETCURSEL, 0, 0));
-            letValue(object, Rows[row].property, Variant(predefinedValues(Rows[row].property)[at].value));
+            letValue(object, propertyFields()[row].property,
+                     Variant(propertyChoices(propertyFields()[row].property)[at].value));
         } else {
-            letValue(object, Rows[row].property, Variant(std::string_view(toUtf8(textOf(row)))));
+            letValue(object, propertyFields()[row].property, Variant(std::string_view(toUtf8(textOf(row)))));
         }
     }
 }
