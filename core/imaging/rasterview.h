@@ -91,6 +91,8 @@ public:
     bool GrayScale() const { return look_.bilevel == BilevelLook::ScaleToGray; }
     void setGrayScale(bool on);
     uint32_t background() const { return look_.background; }
+    /// All of how the view draws its picture, for who draws it elsewhere.
+    const ViewLook& look() const { return look_; }
     void setBackground(uint32_t rgb); ///< 0xRRGGBB
 
     /// State of the mouse that the view keeps for its owner: whether a drag moves the picture (it starts

@@ -75,8 +75,9 @@ void drawControl(ImageView& control, HDC target, const RECT& bounds) {
     FillRect(target, &bounds, brush.get());
     if (control.isPageDisplayed()) {
         const RasterView& view = control.lvrImage();
-        const BilevelLook bilevel = view.GrayScale() ? BilevelLook::ScaleToGray : BilevelLook::TwoColours;
-        drawPage(view, target, bounds, {bilevel, Opaque | rgbOf(back)});
+        ViewLook look = view.look();
+        look.background = Opaque | rgbOf(back);
+        drawPage(view, target, bounds, look);
     } else {
         const std::string notice = control.viewNotice();
         drawText(target, bounds, toWide(notice.empty() ? product::Title : notice), fore);
