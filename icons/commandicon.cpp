@@ -13,7 +13,7 @@ namespace pixmo {
 namespace {
 
 /// The keys of the commands, and the drawing of each.
-constexpr std::array<std::pair<std::string_view, std::string_view>, 27> IconNames = {{
+constexpr auto IconNames = std::to_array<std::pair<std::string_view, std::string_view>>({
     {"THUMBS", "layout-grid"},
     {"PRINT", "printer"},
     {"QUICKPRINT", "printer-check"},
@@ -41,7 +41,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 27> IconName
     {"LARGER", "zoom-in"},
     {"SMALLER", "zoom-out"},
     {"SELECTALL", "copy-check"},
-}};
+});
 
 std::span<const uint8_t> drawingOf(std::string_view key) {
     const auto icon =
