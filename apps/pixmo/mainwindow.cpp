@@ -109,6 +109,7 @@ void MainWindow::makeHelpMenu() {
 void MainWindow::addCommand(QMenu& menu, const char* key, const QKeySequence& shortcut) {
     QAction* const action =
         menu.addAction(QString(), this, [this, key] { view_->action(QLatin1String(key))->trigger(); });
+    action->setObjectName(QLatin1String(key));
     action->setShortcut(shortcut);
     commands_.append({action, QLatin1String(key)});
 }

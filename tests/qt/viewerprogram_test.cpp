@@ -1,3 +1,4 @@
+#include "apps/pixmo/mainwindow.h"
 #include "core/control/commandtable.h"
 #include "core/control/propertytable.h"
 #include "tests/qt/engineprocess.h"
@@ -6,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
+#include <QMenuBar>
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -66,6 +68,18 @@ TEST(Documentation, NamesEveryPropertyAndCommand) {
         EXPECT_TRUE(named(row.name)) << row.name;
     for (const CommandRow& row : commandTable())
         EXPECT_TRUE(named(row.key)) << row.key;
+}
+
+// What has neither a button nor an item in a popup menu is for the window's menus to offer; ZOOM is for
+// hosts.
+TEST(ViewerWindow, OffersEveryCommandThatTheViewDoesNot) {
+    const viewer::MainWindow window{viewer::Options()};
+    for (const CommandRow& row : commandTable()) {
+        const QString key = QString::fromUtf8(row.key.data(), static_cast<qsizetype>(row.key.size()));
+        const bool inView =
+            row.button.group >= 0 || row.menu.menu != PopupMenu::None || row.keys.front().keyCode != 0;
+        EXPECT_TRUE(inView || row.key == "ZOOM" || window.menuBar()->findChild<QAction*>(key)) << row.key;
+    }
 }
 
 TEST(Documentation, ShowsTheProgramThatIsTested) {
