@@ -15,7 +15,7 @@ struct ButtonRow {
     char style; ///< ' ' plain, 'g' one of a group, '-' separator
 };
 
-constexpr std::array<ButtonRow, 20> AllButtons = {{
+constexpr auto AllButtons = std::to_array<ButtonRow>({
     {"THUMBS", "Thumbs", "View thumbnails", ' '},
     {"sep0", "", "", '-'},
     {"PRINT", "Print", "Print document", ' '},
@@ -36,7 +36,7 @@ constexpr std::array<ButtonRow, 20> AllButtons = {{
     {"FITWIDTH", "Fit Width", "Fit width", ' '},
     {"sep5", "", "", '-'},
     {"STAR", "Bookmark", "Bookmark Page", ' '},
-}};
+});
 
 class ToolbarTest : public FaceTest {
 protected:
