@@ -1,3 +1,4 @@
+#include "core/control/enumerations.h"
 #include "core/printing/dlgpreview.h"
 #include "core/printing/dlgprint.h"
 #include "faces/scripted/dialoguser.h"
