@@ -32,16 +32,6 @@ protected:
     Viewer viewer_;
 };
 
-TEST_F(EngineTest, ServesADocument) {
-    auto withProperties = settings();
-    withProperties.properties = {{"PrintCaption", "x=y"}, {"Title", "Deed"}};
-    Engine engine(withProperties);
-    EXPECT_EQ(viewer_.readable(ask(engine, viewer_.contact())),
-              "IC|OK|CP'PrintCaption'='x=y'|CP'Title'='Deed'");
-    EXPECT_EQ(viewer_.readable(ask(engine, viewer_.pageCount("1234"))), "PC|OK|2|CP'PrintFee'='1'");
-    EXPECT_EQ(restored(ask(engine, viewer_.getPage("1234", "1")), 1640), sampleBytes(5000));
-}
-
 TEST_F(EngineTest, ReportsItsErrors) {
     Engine engine(settings());
     ask(engine, viewer_.contact());

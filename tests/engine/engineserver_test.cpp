@@ -2,32 +2,13 @@
 
 #include "core/base/text.h"
 
-#include <atomic>
+#include <cstdlib>
 #include <fstream>
 #include <random>
-#include <thread>
 #include <vector>
 
 namespace pixmo {
 namespace {
-
-TEST_F(ServerTest, ServesPagesOverHttp) {
-    start();
-    contact();
-    const auto count = get(viewer_.pageCount("1234"));
-    ASSERT_TRUE(count);
-    EXPECT_EQ(viewer_.readable(count->body), "PC|OK|2");
-    EXPECT_EQ(count->get_header_value("Content-Length"), "14");
-    const auto answer = http_->Get(page());
-    ASSERT_TRUE(answer);
-    EXPECT_EQ(answer->status, 200);
-    EXPECT_EQ(answer->get_header_value("Content-Type"), "application/octet-stream");
-    EXPECT_EQ(answer->get_header_value("Cache-Control"), "no-store");
-    EXPECT_EQ(answer->get_header_value("Content-Length"), std::to_string(PageBytes));
-    EXPECT_EQ(restored(answer->body, 1640), sampleBytes(PageBytes));
-    EXPECT_EQ(http_->Get(page("2"))->body.size(), 3072U);
-    EXPECT_EQ(server_->address(), "http://127.0.0.1:" + std::to_string(server_->port()) + "/engine");
-}
 
 TEST_F(ServerTest, OtherPaths) {
     start();
@@ -54,32 +35,6 @@ TEST_F(ServerTest, OneConnectionCarriesManyRequestsAndPipelines) {
     for (size_t at = answers.find("200 OK"); at != std::string::npos; at = answers.find("200 OK", at + 1))
         ++count;
     EXPECT_EQ(count, 3U);
-}
-
-TEST_F(ServerTest, ServesClientsAtTheSameTime) {
-    start();
-    std::atomic<int> good = 0;
-    std::vector<std::thread> clients;
-    clients.reserve(8);
-    for (int number = 0; number < 8; ++number)
-        clients.emplace_back([&, number] {
-            const Viewer viewer{"key " + std::to_string(number), "\u00B7", "user" + std::to_string(number)};
-            httplib::Client http("127.0.0.1", server_->port());
-            http.set_keep_alive(true);
-            const auto ask = [&](const std::string& query) {
-                const auto answer = http.Get("/engine?" + query);
-                return answer ? answer->body : "";
-            };
-            good += viewer.readable(ask(viewer.contact())) == "IC|OK" ? 1 : 0;
-            for (int round = 0; round < 25; ++round) {
-                good += viewer.readable(ask(viewer.pageCount("1234"))) == "PC|OK|2" ? 1 : 0;
-                good += restored(ask(viewer.getPage("1234", "1")), 1640) == sampleBytes(PageBytes) ? 1 : 0;
-            }
-        });
-    for (std::thread& client : clients)
-        client.join();
-    EXPECT_EQ(good, 8 * 51);
-    EXPECT_EQ(server_->requests(RequestKind::GetPage), 200U);
 }
 
 TEST_F(ServerTest, SurvivesRawGarbage) {
@@ -143,6 +98,18 @@ TEST_F(ServerTest, TheControlChannelReplacesFaultsAndCounts) {
     EXPECT_EQ(http_->Get(page())->status, 404);
     EXPECT_EQ(http_->Get(page())->status, 200);
     EXPECT_EQ(http_->Get("/stats")->body, "IC 3\nPC 0\nGP 2\n?? 0\n");
+}
+
+TEST(EngineProgram, RefusesWhatItCannotServe) {
+    const SampleFolder folder;
+    const std::string docs = " --docs " + folder.path().string();
+    for (const std::string& arguments :
+         {std::string(), docs + "/absent", docs + " --fault wrong", docs + " --property =x",
+          docs + " --delimiter '||'", docs + " --enc-bytes -2", docs + " --port 65536",
+          docs + " --log" + docs.substr(docs.rfind(' ')) + "/absent/log", docs + " --unknown"})
+        EXPECT_NE(std::system((PIXMO_ENGINE_PROGRAM + arguments + " >/dev/null 2>&1").c_str()), 0)
+            << arguments;
+    EXPECT_EQ(std::system(PIXMO_ENGINE_PROGRAM " --version >/dev/null"), 0);
 }
 
 TEST_F(ServerTest, APortBelongsToOneServer) {

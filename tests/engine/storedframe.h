@@ -12,11 +12,15 @@ namespace pixmo {
 /// single.tif one.
 std::filesystem::path storedPicture(const std::string& name);
 
-/// What a frame is made of, read back from a file.
+/// What a viewer has of a frame.
 struct StoredFrame {
-    std::vector<std::vector<uint8_t>> pieces; ///< raw strips or tiles
-    std::vector<uint32_t> pixels;             ///< decoded, RGBA
-    std::string description;                  ///< tags that matter to a viewer, as text
+    uint32_t width = 0;
+    uint32_t height = 0;
+    float xResolution = 0;
+    float yResolution = 0;
+    uint16_t compression = 0;
+    uint16_t bitsPerSample = 0;
+    std::vector<uint32_t> pixels; ///< RGBA, as the orientation says
 
     bool operator==(const StoredFrame&) const = default;
 };

@@ -12,7 +12,7 @@ namespace {
 /// In each of the files with all kinds of frames.
 constexpr size_t Frames = 8;
 
-TEST(TiffFrames, AreTheFramesOfTheSourceByteForByte) {
+TEST(TiffFrames, ShowWhatTheSourceShows) {
     const SampleFolder folder;
     for (const char* name : {"little.tif", "big.tif", "bigtiff.tif"}) {
         const auto source = storedPicture(name);
@@ -22,11 +22,7 @@ TEST(TiffFrames, AreTheFramesOfTheSourceByteForByte) {
             ASSERT_TRUE(frame) << name << ' ' << index;
             folder.write("one.tif", *frame);
             EXPECT_EQ(countTiffFrames(folder.path() / "one.tif"), 1U);
-            const StoredFrame stored = readFrame(folder.path() / "one.tif", 0);
-            const StoredFrame original = readFrame(source, index);
-            EXPECT_TRUE(stored.pieces == original.pieces) << name << ' ' << index;
-            EXPECT_TRUE(stored.pixels == original.pixels) << name << ' ' << index;
-            EXPECT_EQ(stored.description, original.description) << name << ' ' << index;
+            EXPECT_TRUE(readFrame(folder.path() / "one.tif", 0) == readFrame(source, index)) << name << index;
         }
         EXPECT_FALSE(extractTiffFrame(source, Frames));
     }
