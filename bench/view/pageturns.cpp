@@ -1,6 +1,8 @@
 #include "bench/view/viewbench.h"
 #include "codecs/pagecodecs.h"
 #include "core/control/imageview.h"
+#include "core/diag/cerrobject.h"
+#include "core/imaging/cleadimagefunctions.h"
 #include "faces/qt/widget/imageviewprivate.h"
 
 #include <QAbstractScrollArea>
@@ -38,7 +40,10 @@ std::vector<Duration> repeated(
 /// The parts of a turn, each on its own, for one page of the cache.
 void reportParts(ViewBench& bench) {
     const auto control = qt::ImageViewPrivate::of(bench.view()).control();
-    const auto& help = control->parts().leadImageHelp;
+    const PageCodecs decoder;
+    cErrObject errors(nullptr);
+    RasterView& view = control->lvrImage();
+    const cLeadImageFunctions help(errors, view, decoder);
     const std::filesystem::path file = anyPageFile();
     constexpr int32_t protectedBytes = 1640;
     std::vector<uint8_t> bytes;
@@ -49,7 +54,6 @@ void reportParts(ViewBench& bench) {
     const auto stride = static_cast<size_t>(image.bytesPerLine()) / sizeof(uint32_t);
     const PixelSurface surface{reinterpret_cast<uint32_t*>(image.bits()), image.width(), image.height(),
                                stride};
-    RasterView& view = control->lvrImage();
     const Raster raster = PageCodecs().decode(bytes);
     // A picture that has been reduced is not reduced again.
     const auto anew = [&] { view.setRaster(raster); };

@@ -4,7 +4,6 @@ namespace pixmo::behaviour {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr int CtrlAltShift = with::Ctrl + with::Alt + with::Shift;
 constexpr int CtrlShift = with::Ctrl + with::Shift;

@@ -1,4 +1,5 @@
 #include "core/cipher/clsrc4.h"
+#include "faces/scripted/scriptedports.h"
 
 #include "core/base/ansi.h"
 #include "core/base/error.h"
@@ -20,18 +21,13 @@ std::vector<uint8_t> bytesOf(std::string_view text) {
 
 class RC4Files : public testing::Test {
 protected:
-    RC4Files() : folder(fs::path(testing::TempDir()) / "pixmo_rc4_files") {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-    }
-    ~RC4Files() override { fs::remove_all(folder); }
-
     static std::string contents(const fs::path& path) {
         std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    fs::path folder;
+    scripted::ScratchFolder scratch;
+    const fs::path folder = scratch.path();
 };
 
 TEST(RC4, PublishedVectors) {

@@ -3,6 +3,7 @@
 #include "codecs/pagecodecs.h"
 #include "core/base/error.h"
 #include "core/base/files.h"
+#include "faces/scripted/scriptedports.h"
 #include "tests/codecs/pattern.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <random>
 
 namespace pixmo {
 namespace {
@@ -20,25 +20,11 @@ namespace fs = std::filesystem;
 constexpr int32_t Width = 203;
 constexpr int32_t Height = 97;
 
-/// A folder of its own for one test.
 class PageWriterTest : public testing::Test {
 protected:
-    PageWriterTest()
-        : folder_(fs::temp_directory_path() / ("pixmo-writer-" + std::to_string(std::random_device()()))) {
-        fs::create_directories(folder_);
-    }
-    ~PageWriterTest() override {
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
-    }
-    PageWriterTest(const PageWriterTest&) = delete;
-    PageWriterTest& operator=(const PageWriterTest&) = delete;
-
-    fs::path file(const std::string& name) const { return folder_ / name; }
+    fs::path file(const std::string& name) { return folder_.path() / name; }
     static Raster read(const fs::path& path) { return PageCodecs().decode(readFile(path)); }
-    size_t fileCount() const {
-        return static_cast<size_t>(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()));
-    }
+    size_t fileCount() const { return folder_.fileCount(); }
     static int32_t errorOf(const Raster& page, const fs::path& path) {
         try {
             PageFileWriter().write(page, path);
@@ -49,7 +35,7 @@ protected:
     }
 
 private:
-    fs::path folder_;
+    scripted::ScratchFolder folder_;
 };
 
 Raster page(PixelFormat format, std::array<uint32_t, 2> colours = {0xFFFFFF, 0}) {

@@ -2,12 +2,12 @@
 #include "core/base/error.h"
 #include "core/base/files.h"
 #include "core/raster/raster.h"
+#include "faces/scripted/scriptedports.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <filesystem>
-#include <random>
 #include <sys/resource.h>
 
 namespace pixmo {
@@ -42,25 +42,10 @@ int32_t errorOf(const fs::path& path) {
     return 0;
 }
 
-/// A folder of its own for one test.
 class PageWriterPosix : public testing::Test {
 protected:
-    PageWriterPosix()
-        : folder(fs::temp_directory_path() / ("pixmo-posix-" + std::to_string(std::random_device()()))) {
-        fs::create_directories(folder);
-    }
-    ~PageWriterPosix() override {
-        std::error_code ignored;
-        fs::remove_all(folder, ignored);
-    }
-    PageWriterPosix(const PageWriterPosix&) = delete;
-    PageWriterPosix& operator=(const PageWriterPosix&) = delete;
-
-    std::ptrdiff_t fileCount() const {
-        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-    }
-
-    const fs::path folder;
+    scripted::ScratchFolder scratch;
+    const fs::path folder = scratch.path();
     const std::vector<uint8_t> former = {'o', 'l', 'd'};
 };
 
@@ -75,7 +60,7 @@ TEST_F(PageWriterPosix, AFullDiskLeavesTheFormerFile) {
         EXPECT_EQ(number, error_number::DiskFull);
         EXPECT_EQ(readFile(folder / name), former);
     }
-    EXPECT_EQ(fileCount(), 2);
+    EXPECT_EQ(scratch.fileCount(), 2U);
 }
 
 TEST_F(PageWriterPosix, ALinkStaysALink) {
@@ -84,7 +69,7 @@ TEST_F(PageWriterPosix, ALinkStaysALink) {
     EXPECT_EQ(errorOf(folder / "link.png"), 0);
     EXPECT_TRUE(fs::is_symlink(folder / "link.png"));
     EXPECT_NE(readFile(folder / "page.png"), former);
-    EXPECT_EQ(fileCount(), 2);
+    EXPECT_EQ(scratch.fileCount(), 2U);
 }
 
 } // namespace

@@ -168,7 +168,7 @@ std::vector<uint8_t> build(const Header& header, uint32_t nextDirectory = 0) {
                       {TIFFTAG_SAMPLESPERPIXEL, TIFF_SHORT, 1, header.samples},
                       {TIFFTAG_ROWSPERSTRIP, TIFF_LONG, 1, header.rowsPerStrip},
                       {TIFFTAG_STRIPBYTECOUNTS, TIFF_LONG, 1, header.stripBytes}},
-                     std::vector<uint8_t>(5 * 29, 0xA5), nextDirectory);
+                     std::vector<uint8_t>(size_t{5} * 29, 0xA5), nextDirectory);
 }
 
 TEST(TiffDamage, AbsurdHeaders) {

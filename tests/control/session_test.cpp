@@ -92,8 +92,8 @@ TEST_F(Session, LoadsADocument) {
     for (const std::string& expected : std::vector<std::string>{
              "[4] \u240D\u240A" + std::string(42, 'v') + "\n[4] LoadDocumentByDocID - 5\n[4] " +
                  std::string(42, '^') + "\n[4] Clearing temp files.\n[4]    -->no cache files to remove!\n",
-             "[4] Initial Contact Request: http://engine.test/page?IC\u00B7"
-             "4F7272656C4B65797365742071466C6F77\u00B7",
+             std::string("[4] Initial Contact Request: http://engine.test/page?IC\u00B7") +
+                 "4F7272656C4B65797365742071466C6F77\u00B7",
              "[4] Pixmo::AsyncReadComplete reports IC, 6, OK\n",
              "[4] Pixmo::AsyncReadComplete processing status code EndDownloadData\n",
              "[4] Processing IC Resp: '", "[4]      Property 'PrintFee' changed to '2 $'.\n",

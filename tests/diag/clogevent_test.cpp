@@ -16,10 +16,10 @@ namespace {
 namespace fs = std::filesystem;
 
 class Log : public testing::Test {
-protected:
-    Log() : path(scratch.path() / u8"\u017Burnal \u00E9.log") {}
+public:
     ~Log() override { ApplicationLog::instance().StartLogging("", log_mode::Off); }
 
+protected:
     std::vector<std::string> lines() const {
         std::vector<std::string> result;
         std::ifstream file(path);
@@ -31,7 +31,7 @@ protected:
 
     scripted::ScratchFolder scratch;
     scripted::Clock clock;
-    fs::path path;
+    const fs::path path = scratch.path() / u8"\u017Burnal \u00E9.log";
     cLogEvent log{clock};
 };
 

@@ -133,7 +133,9 @@ TEST(ProgramPicture, IsAPageOnNothing) {
     EXPECT_TRUE(programPicture(-3).empty());
     for (const int32_t size : {16, 32, 64}) {
         const auto pixels = programPicture(size);
-        const auto at = [&](int32_t x, int32_t y) { return pixels[static_cast<size_t>(y * size + x)]; };
+        const auto at = [&](int32_t x, int32_t y) {
+            return pixels[static_cast<size_t>(y) * static_cast<size_t>(size) + static_cast<size_t>(x)];
+        };
         EXPECT_EQ(at(0, 0), 0U);
         EXPECT_EQ(at(size - 1, 1), 0U) << "the corner is turned";
         EXPECT_EQ(at(size / 2, size * 6 / 16) >> 24U, 255U);

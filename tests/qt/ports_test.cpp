@@ -198,7 +198,7 @@ TEST(ProgramIcon, IsTheProgramsPicture) {
         programIcon().pixmap(QSize(64, 64), 1).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
     ASSERT_EQ(shown.sizeInBytes(), 64 * 64 * 4);
     const auto* const pixels = reinterpret_cast<const uint32_t*>(shown.constBits());
-    EXPECT_EQ(std::vector(pixels, pixels + 64 * 64), programPicture(64));
+    EXPECT_EQ(std::vector(pixels, pixels + shown.sizeInBytes() / 4), programPicture(64));
 }
 
 } // namespace

@@ -273,7 +273,7 @@ bool RandomUser::isSane() {
 
 bool RandomUser::worksAfterAll() {
     engine_.setFaults("");
-    if (!waitFor([this] { return !QApplication::activeModalWidget() && !QApplication::activePopupWidget(); }))
+    if (!waitFor([] { return !QApplication::activeModalWidget() && !QApplication::activePopupWidget(); }))
         return fail("a window does not close");
     view_->setEncBytes(1640);
     view_->LoadDocumentByDocID(1002, 2);

@@ -42,7 +42,7 @@ private:
     void readFrom(Socket client);
     void send(Socket client);
 
-    const Network network_{};
+    [[maybe_unused]] const Network network_{};
     const Socket listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
     std::vector<Socket> clients_;
     bool ending_ = false;

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-extern "C" IMAGE_DOS_HEADER __ImageBase;
+extern "C" IMAGE_DOS_HEADER __ImageBase; // NOLINT(bugprone-reserved-identifier): the linker's name
 
 namespace pixmo::com {
 

@@ -111,7 +111,7 @@ void buttonUp(WORD button) {
 
 void wheel(int notches, int shiftState) {
     hold(shiftState, true);
-    sendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
+    sendMouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches) * WHEEL_DELTA);
     hold(shiftState, false);
 }
 
