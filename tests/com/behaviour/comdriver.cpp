@@ -46,9 +46,35 @@ Variant variantOf(const Value& value) {
         value);
 }
 
+/// What the user presses, and whether a window of this thread has got it.
+struct Press {
+    WORD key = 0;
+    int modifiers = 0;
+    bool arrived = false;
+} awaited;
+
+int modifiersDown() {
+    return (GetKeyState(VK_SHIFT) < 0 ? with::Shift : 0) + (GetKeyState(VK_CONTROL) < 0 ? with::Ctrl : 0) +
+           (GetKeyState(VK_MENU) < 0 ? with::Alt : 0);
+}
+
+/// Sees every message before its window does. A key that comes without its modifiers is not what the user
+/// pressed: nobody gets it.
+LRESULT CALLBACK noteKey(int code, WPARAM removed, LPARAM taken) {
+    auto& message = *reinterpret_cast<MSG*>(taken);
+    const bool isKeyDown = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+    if (code == HC_ACTION && removed == PM_REMOVE && isKeyDown && message.wParam == awaited.key) {
+        awaited.arrived = modifiersDown() == awaited.modifiers;
+        if (!awaited.arrived)
+            message.message = WM_NULL;
+    }
+    return CallNextHookEx(nullptr, code, removed, taken);
+}
+
 } // namespace
 
 void FaceDriver::Hands::runMessageLoop() {
+    SetWindowsHookExW(WH_GETMESSAGE, noteKey, nullptr, GetCurrentThreadId());
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
         if (currentForm && currentForm->translate(message))
@@ -69,6 +95,19 @@ void FaceDriver::Hands::start(const std::function<void()>& call) {
         --underWay;
     });
     ui.on([] {});
+}
+
+/// For a moment after a window has closed Wine may take keys for released that nobody holds on the screen, or
+/// have no window that gets them: then they are pressed once more.
+void FaceDriver::Hands::press(WORD virtualKey, int modifiers) const {
+    EXPECT_TRUE(user::sees([&] {
+        waitForKeyboard();
+        ui.on([&] { awaited = {virtualKey, modifiers}; });
+        user::press(virtualKey, modifiers);
+        ui.settle();
+        return ui.on([] { return std::exchange(awaited, {}).arrived; });
+    })) << "key "
+        << virtualKey << " reaches no window";
 }
 
 void FaceDriver::create() {

@@ -44,6 +44,7 @@ public:
     bool pointAt(const Find& find);
     void clickAt(const Find& find, Mouse button = Mouse::Left);
     void moveOnPage(int32_t x, int32_t y);
+    void press(WORD virtualKey, int modifiers) const;
     void waitForKeyboard() const;
     void waitForNewWindow() const;
 

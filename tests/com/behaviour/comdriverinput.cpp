@@ -75,16 +75,13 @@ void FaceDriver::hold(int modifiers) {
 }
 
 void FaceDriver::press(int keyCode, int modifiers) {
-    my_->waitForKeyboard();
-    user::press(static_cast<WORD>(keyCode), modifiers);
-    my_->ui.settle();
+    my_->press(static_cast<WORD>(keyCode), modifiers);
 }
 
 void FaceDriver::type(const std::string& text) {
     for (const char character : text) {
-        my_->waitForKeyboard();
-        user::type(std::wstring(1, static_cast<wchar_t>(character)));
-        my_->ui.settle();
+        const SHORT key = VkKeyScanW(static_cast<wchar_t>(character));
+        my_->press(LOBYTE(key), HIBYTE(key));
     }
 }
 

@@ -34,7 +34,7 @@ protected:
     }
 
     static std::filesystem::path scratchFile(const char* name) {
-        const auto path = std::filesystem::temp_directory_path() / name;
+        auto path = std::filesystem::temp_directory_path() / name;
         std::filesystem::remove(path);
         return path;
     }
