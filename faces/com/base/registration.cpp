@@ -27,7 +27,7 @@ LSTATUS writeRow(HKEY root, const RegistryRow& row) {
         return status;
     return RegSetValueExW(key.get(), row.name.c_str(), 0, REG_SZ,
                           reinterpret_cast<const BYTE*>(row.value.c_str()),
-                          static_cast<DWORD>((row.value.size() + 1) * sizeof(wchar_t)));
+                          static_cast<DWORD>(row.value.size() + 1) * DWORD{sizeof(wchar_t)});
 }
 
 bool isEmpty(HKEY key) {

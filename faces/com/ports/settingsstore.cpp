@@ -36,7 +36,7 @@ std::string SettingsStore::GetSetting(const std::string& section, const std::str
 void SettingsStore::SaveSetting(const std::string& section, const std::string& key,
                                 const std::string& value) {
     const std::wstring text = toWide(value);
-    const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+    const DWORD bytes = static_cast<DWORD>(text.size() + 1) * DWORD{sizeof(wchar_t)};
     if (RegSetKeyValueW(HKEY_CURRENT_USER, keyOf(section).c_str(), toWide(key).c_str(), REG_SZ, text.c_str(),
                         bytes) != ERROR_SUCCESS)
         throw pathFileAccessError();

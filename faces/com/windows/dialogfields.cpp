@@ -28,8 +28,9 @@ std::wstring withoutMnemonic(std::wstring text) {
 /// What is not said by a label before a field or by its own text is said by a label that takes no room.
 void DialogWindow::add(DialogPart& part) {
     if (part.kind == Kind::Buttons)
-        std::ranges::stable_partition(
-            part.parts, [](const DialogPart& each) { return each.meaning == DialogPart::Meaning::None; });
+        std::stable_partition(part.parts.begin(), part.parts.end(), [](const DialogPart& each) {
+            return each.meaning == DialogPart::Meaning::None;
+        });
     switch (part.kind) {
     case Kind::Row:
     case Kind::Column:

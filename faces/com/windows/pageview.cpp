@@ -27,7 +27,7 @@ LPCWSTR cursorOf(int32_t code) {
 } // namespace
 
 std::shared_ptr<PageView> PageView::create(HWND parent, const std::shared_ptr<ImageView>& control) {
-    const auto page = std::make_shared<PageView>();
+    auto page = std::make_shared<PageView>();
     page->control_ = control;
     const std::wstring name = toWide(part_name::Page);
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS;
