@@ -1,11 +1,13 @@
 #include "faces/qt/printing/printerdevice.h"
 
+#include "codecs/pdfcompactor.h"
 #include "faces/qt/ports/texts.h"
-#include "faces/qt/printing/pdfcompactor.h"
 
 #include <QImage>
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 #include <utility>
 
 namespace pixmo::qt {
@@ -104,9 +106,19 @@ int32_t PrinterDevice::StartPage() {
     return 1;
 }
 
+/// The file as it was drawn, but smaller, goes to its target.
+bool PrinterDevice::deliver() {
+    std::ifstream drawn(std::filesystem::path(drawn_.fileName().toStdU16String()), std::ios::binary);
+    const auto write = [this](std::string_view bytes) {
+        const auto size = static_cast<qint64>(bytes.size());
+        return delivered_->write(bytes.data(), size) == size;
+    };
+    return drawn && PdfCompactor::copy(drawn, write, faxPictures_) && delivered_->flush() &&
+           delivered_->error() == QFileDevice::NoError && target_->deliver();
+}
+
 int32_t PrinterDevice::EndDoc() {
-    const bool drawn = works() && painter_.end() && drawn_.flush();
-    if (!drawn || !PdfCompactor::copy(drawn_, *delivered_, faxPictures_) || !target_->deliver())
+    if (!works() || !painter_.end() || !drawn_.flush() || !deliver())
         return spool::Error;
     delivered_ = nullptr;
     return 1;

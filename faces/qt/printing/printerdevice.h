@@ -1,6 +1,6 @@
 #pragma once
 
-#include "faces/qt/printing/faxpictures.h"
+#include "codecs/faxpictures.h"
 #include "faces/qt/printing/painterdevice.h"
 #include "faces/qt/printing/printtarget.h"
 
@@ -30,6 +30,7 @@ public:
     std::string problem() const override;
 
 private:
+    bool deliver();
     bool works() const { return painter_.isActive() && drawn_.error() == QFileDevice::NoError; }
 
     std::unique_ptr<PrintTarget> target_;
