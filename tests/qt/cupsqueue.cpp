@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLocalSocket>
 #include <grp.h>
 #include <pwd.h>
 #include <unistd.h>
@@ -80,8 +81,13 @@ bool CupsQueue::startScheduler() {
     scheduler_.start(QStringLiteral(PIXMO_CUPSD),
                      {QStringLiteral("-f"), QStringLiteral("-c"), path + QStringLiteral("/cupsd.conf"),
                       QStringLiteral("-s"), path + QStringLiteral("/cups-files.conf")});
-    return waitFor([&] { return QFile::exists(socket) || scheduler_.state() == QProcess::NotRunning; },
-                   30'000) &&
+    // The socket is there before anybody listens to it.
+    const auto listens = [&] {
+        QLocalSocket client;
+        client.connectToServer(socket);
+        return client.waitForConnected(1'000);
+    };
+    return waitFor([&] { return scheduler_.state() == QProcess::NotRunning || listens(); }, 30'000) &&
            scheduler_.state() == QProcess::Running;
 }
 
